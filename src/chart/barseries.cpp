@@ -1,0 +1,173 @@
+#include "barseries.h"
+
+#include <QDebug>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+const double MinTime = -2208988800000.0; // 1900-01-01
+const double MaxTime = 7258118400000.0;  // 2200-01-01
+}
+
+bool BarSeries::isSaneTime(double time)
+{
+    return std::isfinite(time) && time >= MinTime && time <= MaxTime;
+}
+
+bool BarSeries::isFinitePrice(double v)
+{
+    return std::isfinite(v);
+}
+
+bool BarSeries::validate(const char *what, double time, double o, double h, double l,
+                         double c, double v) const
+{
+    if (!isSaneTime(time)) {
+        qWarning("BarSeries::%s() rejected a bar with time %g ms.", what, time);
+        return false;
+    }
+    if (!std::isfinite(o) || !std::isfinite(h) || !std::isfinite(l) || !std::isfinite(c)
+        || !std::isfinite(v)) {
+        qWarning("BarSeries::%s() rejected a bar with a non-finite value (%g %g %g %g %g).",
+                 what, o, h, l, c, v);
+        return false;
+    }
+    return true;
+}
+
+void BarSeries::store(int i, double o, double h, double l, double c, double v)
+{
+    const size_t k = size_t(i);
+    m_open[k] = o;
+    m_high[k] = std::max({h, o, c, l});
+    m_low[k] = std::min({l, o, c, h});
+    m_close[k] = c;
+    m_volume[k] = v > 0.0 ? v : 0.0;
+}
+
+BarSeries::Result BarSeries::add(double time, double o, double h, double l, double c,
+                                 double v, int *index)
+{
+    if (!validate("add", time, o, h, l, c, v))
+        return Rejected;
+    bool exists = false;
+    const int i = m_table.placeFor(time, &exists);
+    if (index)
+        *index = i;
+    if (exists) {
+        store(i, o, h, l, c, v);
+        updateBlockOf(i);
+        return Replaced;
+    }
+    const bool append = i == size();
+    m_table.updating = true;
+    m_table.insertAt(i, time);
+    for (auto *col : {&m_open, &m_high, &m_low, &m_close, &m_volume})
+        col->insert(col->begin() + i, 0.0);
+    store(i, o, h, l, c, v);
+    m_table.updating = false;
+    if (append)
+        updateBlockOf(i);
+    else
+        rebuildBlocksFrom(i);
+    return append ? Appended : Inserted;
+}
+
+BarSeries::Result BarSeries::editLast(double time, double o, double h, double l, double c,
+                                      double v)
+{
+    if (isEmpty())
+        return add(time, o, h, l, c, v);
+    if (!validate("editLast", m_table.last(), o, h, l, c, v))
+        return Rejected;
+    store(size() - 1, o, h, l, c, v);
+    updateBlockOf(size() - 1);
+    return Replaced;
+}
+
+void BarSeries::clear()
+{
+    m_table.clear();
+    for (auto *col : {&m_open, &m_high, &m_low, &m_close, &m_volume, &m_blockLow,
+                      &m_blockHigh, &m_blockVolume}) {
+        col->clear();
+        col->shrink_to_fit();
+    }
+}
+
+void BarSeries::updateBlockOf(int bar)
+{
+    const size_t b = size_t(bar) >> BlockShift;
+    const size_t first = b << BlockShift;
+    const size_t last = std::min(m_low.size(), first + (size_t(1) << BlockShift));
+    double lo = m_low[first], hi = m_high[first], vol = m_volume[first];
+    for (size_t k = first + 1; k < last; ++k) {
+        lo = std::min(lo, m_low[k]);
+        hi = std::max(hi, m_high[k]);
+        vol = std::max(vol, m_volume[k]);
+    }
+    if (m_blockLow.size() <= b) {
+        m_blockLow.resize(b + 1);
+        m_blockHigh.resize(b + 1);
+        m_blockVolume.resize(b + 1);
+    }
+    m_blockLow[b] = lo;
+    m_blockHigh[b] = hi;
+    m_blockVolume[b] = vol;
+}
+
+void BarSeries::rebuildBlocksFrom(int bar)
+{
+    for (int i = (bar >> BlockShift) << BlockShift; i < size(); i += 1 << BlockShift)
+        updateBlockOf(i);
+}
+
+bool BarSeries::priceRange(int first, int last, double &low, double &high) const
+{
+    first = std::max(first, 0);
+    last = std::min(last, size() - 1);
+    if (first > last)
+        return false;
+    double lo = m_low[size_t(first)], hi = m_high[size_t(first)];
+    int i = first;
+    while (i <= last) {
+        const int blockStart = (i >> BlockShift) << BlockShift;
+        const int blockEnd = blockStart + (1 << BlockShift) - 1;
+        if (i == blockStart && blockEnd <= last) {
+            lo = std::min(lo, m_blockLow[size_t(i >> BlockShift)]);
+            hi = std::max(hi, m_blockHigh[size_t(i >> BlockShift)]);
+            i = blockEnd + 1;
+        } else {
+            lo = std::min(lo, m_low[size_t(i)]);
+            hi = std::max(hi, m_high[size_t(i)]);
+            ++i;
+        }
+    }
+    low = lo;
+    high = hi;
+    return true;
+}
+
+bool BarSeries::volumeRange(int first, int last, double &high) const
+{
+    first = std::max(first, 0);
+    last = std::min(last, size() - 1);
+    if (first > last)
+        return false;
+    double hi = 0.0;
+    int i = first;
+    while (i <= last) {
+        const int blockStart = (i >> BlockShift) << BlockShift;
+        const int blockEnd = blockStart + (1 << BlockShift) - 1;
+        if (i == blockStart && blockEnd <= last) {
+            hi = std::max(hi, m_blockVolume[size_t(i >> BlockShift)]);
+            i = blockEnd + 1;
+        } else {
+            hi = std::max(hi, m_volume[size_t(i)]);
+            ++i;
+        }
+    }
+    high = hi;
+    return true;
+}

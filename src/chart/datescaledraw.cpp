@@ -1,0 +1,39 @@
+#include "datescaledraw.h"
+
+#include "plot.h"
+#include "pricegraphprivate.h"
+
+#include <QDateTime>
+#include <qwt_date.h>
+
+#include <cmath>
+
+DateScaleDraw::DateScaleDraw(PriceGraph *chart, Plot *panel)
+    : m_chart(chart)
+    , m_panel(panel)
+{
+    setSpacing(5.0);
+    setMinimumExtent(24.0);
+    setTickLength(QwtScaleDiv::MinorTick, 0);
+    setTickLength(QwtScaleDiv::MediumTick, 0);
+}
+
+QwtText DateScaleDraw::label(double value) const
+{
+    Plot *main = m_chart ? PriceGraphPrivate::mainPanel(m_chart) : nullptr;
+    if (!main || !std::isfinite(value) || std::fabs(value) > 2e9)
+        return QwtText();
+    double time = main->timeAtIndex(long(value));
+    if (!(time > 0.0))
+        return QwtText();
+    const double interval = main->getInterval();
+    QString format = QStringLiteral("MM");
+    if (interval > 0.0 && interval < 86400000.0)
+        format = QStringLiteral("hh:mm");
+    else if (interval >= 86400000.0 && interval < 2592000000.0)
+        format = QStringLiteral("MM/dd");
+    // A time less than a second short of a full minute shows as that minute.
+    if (std::fmod(time, 60000.0) > 59000.0)
+        time += 1000.0;
+    return QwtText(QwtDate::toDateTime(time, Qt::UTC).toString(format));
+}

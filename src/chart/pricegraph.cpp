@@ -1,0 +1,553 @@
+#include "pricegraph.h"
+
+#include "eventsync.h"
+#include "overlaylayout.h"
+#include "overlaywidget.h"
+#include "plot.h"
+#include "plotpricelinesdata.h"
+#include "plotscrollbar.h"
+#include "priceline.h"
+#include "pricegraphprivate.h"
+
+#include <QDebug>
+#include <QLabel>
+#include <QMutexLocker>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+#include <cmath>
+
+static void initPriceGraphResources()
+{
+    Q_INIT_RESOURCE(pricegraph);
+}
+
+namespace {
+
+// Names cross the boundary as 8-bit strings; a null one names nothing.
+bool toName(const char *name, const char *caller, QString *out)
+{
+    if (!name) {
+        qWarning("PriceGraph::%s() ignored a null series name.", caller);
+        return false;
+    }
+    *out = QString::fromLatin1(name);
+    return true;
+}
+
+QString toText(const char *text)
+{
+    return text ? QString::fromLatin1(text) : QString();
+}
+
+} // namespace
+
+// ---- construction ----------------------------------------------------------
+
+PriceGraph::PriceGraph(QWidget *parent)
+    : QWidget(parent, Qt::WindowFlags())
+    , d(new PriceGraphPrivate(this))
+{
+    initPriceGraphResources();
+    SetCursorType(3);
+    resetLayout();
+}
+
+PriceGraph::~PriceGraph()
+{
+    delete d;
+}
+
+// ---- panels and layout -----------------------------------------------------
+
+long PriceGraph::AddChartPanel()
+{
+    QMutexLocker locker(d->mutex);
+    Plot *panel = new Plot(this);
+    panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    d->panels.append(panel);
+    d->splitter->addWidget(panel);
+    resetLayout();
+    d->eventSync->setPanels(d->panels);
+    if (d->overlay)
+        panel->installEventFilter(d->overlay);
+    SetCursorType(d->cursorType);
+    d->scrollBar->setPlot(d->panels.first());
+    if (panel != d->panels.first()) {
+        Plot *main = d->panels.first();
+        panel->setTextColor(main->getTextColor());
+        panel->setBackgroundColor(main->getBackgroundColor());
+        panel->setGridColor(main->getGridColor());
+        panel->setCandleOutlineColor(main->getCandleOutlineColor());
+        panel->setUpColor(main->getUpColor());
+        panel->setDownColor(main->getDownColor());
+        panel->setLineColor(main->getLineColor());
+        panel->setPriceLineColor(main->getPriceLineColor());
+    }
+    return d->panels.count() - 1;
+}
+
+long PriceGraph::GetPanelCount()
+{
+    return d->panels.count();
+}
+
+void PriceGraph::MoveChartPanel(long from, long to)
+{
+    if (from == to)
+        return;
+    QMutexLocker locker(d->mutex);
+    const long n = d->panels.count();
+    if (from < 0 || from >= n || to < 0 || to >= n) {
+        qWarning("PriceGraph::MoveChartPanel(%ld, %ld) ignored: %ld panels.", from, to, n);
+        return;
+    }
+    d->panels.move(int(from), int(to));
+    d->splitter->insertWidget(int(to), d->splitter->widget(int(from)));
+    d->eventSync->setPanels(d->panels);
+    d->scrollBar->setPlot(d->panels.first());
+    resetLayout();
+}
+
+void PriceGraph::SetChartPanelType(long, long type)
+{
+    QMutexLocker locker(d->mutex);
+    const QList<Plot *> panels = d->panels;
+    for (Plot *p : panels)
+        p->showVolume(type != 0);
+}
+
+void PriceGraph::OnPlotClose(Plot *plot)
+{
+    d->panels.removeOne(plot);
+    d->eventSync->removePanel(plot);
+    d->scrollBar->setPlot(d->panels.value(0));
+}
+
+void PriceGraph::removePannels(QList<Plot *> &list)
+{
+    if (list.isEmpty())
+        return;
+    QMutexLocker locker(d->mutex);
+    d->eventSync->clear();
+    const QList<Plot *> doomed = list;
+    for (Plot *p : doomed) {
+        if (d->panels.removeOne(p))
+            delete p;
+    }
+    d->eventSync->setPanels(d->panels);
+    resetLayout();
+}
+
+void PriceGraph::resetLayout()
+{
+    for (int i = 0; i < d->panels.count() && i < d->splitter->count(); ++i) {
+        QWidget *w = d->splitter->widget(i);
+        d->splitter->setStretchFactor(i, w == d->panels.first() ? 2 : 1);
+        d->panels[i]->enableAxis(QwtPlot::xBottom, i == d->panels.count() - 1);
+    }
+    d->splitter->refresh();
+    if (d->splitter->count() == 0)
+        ResetSplitter();
+}
+
+void PriceGraph::ResetSplitter()
+{
+    delete d->splitter;
+    delete layout();
+
+    OverlayLayout *overlayLayout = new OverlayLayout;
+    overlayLayout->setContentsMargins(0, 0, 0, 0);
+    overlayLayout->setSpacing(0);
+    d->splitter = new QSplitter;
+    d->splitter->setOrientation(Qt::Vertical);
+    d->splitter->setHandleWidth(1);
+    overlayLayout->addWidget(d->splitter);
+    d->overlay->setParent(nullptr);
+    d->overlay->setAttribute(Qt::WA_TransparentForMouseEvents);
+    overlayLayout->addWidget(d->overlay);
+
+    QVBoxLayout *vbox = new QVBoxLayout;
+    vbox->setContentsMargins(0, 0, 0, 0);
+    vbox->setSpacing(0);
+    vbox->addLayout(overlayLayout);
+    d->scrollBar->setGeometry(0, 0, 30, 100);
+    d->scrollBar->setFixedHeight(29);
+    d->scrollBar->setPageStep(1);
+    d->scrollBar->setRange(0, 0);
+    d->scrollBar->setValue(0);
+    vbox->addWidget(d->scrollBar, 0);
+    setLayout(vbox);
+}
+
+Plot *PriceGraph::GetMainPanel()
+{
+    return d->panels.isEmpty() ? nullptr : d->panels.first();
+}
+
+QList<Plot *> PriceGraph::GetAllPanel()
+{
+    return d->panels;
+}
+
+QWidget *PriceGraph::getOverlayWidget()
+{
+    return d->overlay;
+}
+
+// ---- series and data feed --------------------------------------------------
+
+long PriceGraph::AddSeries(QString name, long type, long panel, long, long, bool)
+{
+    QMutexLocker locker(d->mutex);
+    if (panel < 0 || panel > 64) {
+        qWarning("PriceGraph::AddSeries() ignored panel index %ld (0..64).", panel);
+        return panel;
+    }
+    while (d->panels.count() <= panel)
+        AddChartPanel();
+    Plot *p = d->panels.at(int(panel));
+    p->AddSeries(name, type);
+    p->show();
+    p->setAxisFont(QwtPlot::xBottom, font());
+    p->setAxisFont(QwtPlot::yRight, font());
+    return panel;
+}
+
+void PriceGraph::RemoveSeries(const char *name)
+{
+    QString n;
+    if (!toName(name, "RemoveSeries", &n))
+        return;
+    QMutexLocker locker(d->mutex);
+    const QList<Plot *> panels = d->panels;
+    for (Plot *p : panels)
+        p->RemoveSeries(n);
+}
+
+void PriceGraph::AppendOHLC(const char *name, double time, bool show, double open, double high,
+                            double low, double close, long volume)
+{
+    QString n;
+    if (!toName(name, "AppendOHLC", &n))
+        return;
+    QMutexLocker locker(d->mutex);
+    const double t = ValmorTimeToQwtTime(time);
+    const QList<Plot *> panels = d->panels;
+    for (Plot *p : panels)
+        p->AppendOHLC(n, t, show, open, high, low, close, volume);
+}
+
+void PriceGraph::AppendValue(const char *name, double time, double value, bool show)
+{
+    QString n;
+    if (!toName(name, "AppendValue", &n))
+        return;
+    QMutexLocker locker(d->mutex);
+    const double t = ValmorTimeToQwtTime(time);
+    const QList<Plot *> panels = d->panels;
+    for (Plot *p : panels)
+        p->AppendValue(n, t, value, show);
+}
+
+void PriceGraph::EditOHLC(const char *name, double time, bool show, double open, double high,
+                          double low, double close, long volume)
+{
+    QString n;
+    if (!toName(name, "EditOHLC", &n))
+        return;
+    QMutexLocker locker(d->mutex);
+    const double t = ValmorTimeToQwtTime(time);
+    const QList<Plot *> panels = d->panels;
+    for (Plot *p : panels)
+        p->EditOHLC(n, t, show, open, high, low, close, volume);
+}
+
+void PriceGraph::EditValue(const char *name, double time, double value, bool show)
+{
+    QString n;
+    if (!toName(name, "EditValue", &n))
+        return;
+    QMutexLocker locker(d->mutex);
+    const double t = ValmorTimeToQwtTime(time);
+    const QList<Plot *> panels = d->panels;
+    for (Plot *p : panels)
+        p->EditValue(n, t, value, show);
+}
+
+void PriceGraph::ClearValues(const char *name)
+{
+    QString n;
+    if (!toName(name, "ClearValues", &n))
+        return;
+    QMutexLocker locker(d->mutex);
+    const QList<Plot *> panels = d->panels;
+    for (Plot *p : panels)
+        p->ClearValues(n);
+}
+
+void PriceGraph::Update()
+{
+    QMutexLocker locker(d->mutex);
+    const QList<Plot *> panels = d->panels;
+    for (Plot *p : panels)
+        p->replot();
+}
+
+// ---- display options -------------------------------------------------------
+
+void PriceGraph::SetcandleChart(long type)
+{
+    QMutexLocker locker(d->mutex);
+    if (Plot *main = GetMainPanel())
+        main->setLineStyle(int(qBound(long(INT_MIN), type, long(INT_MAX))));
+}
+
+long PriceGraph::GetcandleChart()
+{
+    QMutexLocker locker(d->mutex);
+    Plot *main = GetMainPanel();
+    return main ? main->getLineStyle() : 0;
+}
+
+void PriceGraph::ShowVolume(long show)
+{
+    const QList<Plot *> panels = d->panels;
+    for (Plot *p : panels)
+        p->showVolume(show != 0);
+}
+
+void PriceGraph::SetChartColor(int index, unsigned long rgb)
+{
+    if (index < 0 || index > 7)
+        return;
+    const QColor c(int((rgb >> 16) & 0xff), int((rgb >> 8) & 0xff), int(rgb & 0xff));
+    const QList<Plot *> panels = d->panels;
+    for (Plot *p : panels) {
+        switch (index) {
+        case 0: p->setBackgroundColor(c); break;
+        case 1: p->setTextColor(c); break;
+        case 2: p->setGridColor(c); break;
+        case 3: p->setCandleOutlineColor(c); break;
+        case 4: p->setUpColor(c); break;
+        case 5: p->setDownColor(c); break;
+        case 6: p->setLineColor(c); break;
+        case 7: p->setPriceLineColor(c); break;
+        }
+        p->replot();
+    }
+    if (index == 1) {
+        d->overlay->setTextColor(c);
+        d->overlay->update();
+    }
+}
+
+unsigned long PriceGraph::GetChartColor(int index)
+{
+    Plot *main = GetMainPanel();
+    if (!main || index < 0 || index > 7)
+        return QColor().rgba();
+    const QColor colors[] = {main->getBackgroundColor(), main->getTextColor(),
+                             main->getGridColor(),       main->getCandleOutlineColor(),
+                             main->getUpColor(),         main->getDownColor(),
+                             main->getLineColor(),       main->getPriceLineColor()};
+    return colors[index].rgba();
+}
+
+void PriceGraph::SetInterval(double interval)
+{
+    if (!std::isfinite(interval)) {
+        qWarning("PriceGraph::SetInterval() ignored a non-finite interval.");
+        return;
+    }
+    const QList<Plot *> panels = d->panels;
+    for (Plot *p : panels) {
+        p->setInterval(interval);
+        p->replot();
+    }
+}
+
+void PriceGraph::SetCursorType(long type)
+{
+    QMutexLocker locker(d->mutex);
+    const QList<Plot *> panels = d->panels;
+    for (Plot *p : panels)
+        p->setCursorStyle(int(qBound(long(INT_MIN), type, long(INT_MAX))));
+    if (type != d->cursorType) {
+        d->cursorType = type;
+        Q_EMIT cursorTypeChanged(type);
+    }
+}
+
+// ---- navigation ------------------------------------------------------------
+
+void PriceGraph::ScrollLeft(long records)
+{
+    QMutexLocker locker(d->mutex);
+    if (Plot *main = GetMainPanel())
+        main->ScrollLeft(records);
+}
+
+void PriceGraph::ScrollRight(long records)
+{
+    QMutexLocker locker(d->mutex);
+    if (Plot *main = GetMainPanel())
+        main->ScrollRight(records);
+}
+
+void PriceGraph::ZoomIn(long records)
+{
+    QMutexLocker locker(d->mutex);
+    if (Plot *main = GetMainPanel())
+        main->ZoomIn(records);
+}
+
+void PriceGraph::ZoomOut(long records)
+{
+    QMutexLocker locker(d->mutex);
+    if (Plot *main = GetMainPanel())
+        main->ZoomOut(records);
+}
+
+void PriceGraph::ResetZoom()
+{
+    QMutexLocker locker(d->mutex);
+    if (Plot *main = GetMainPanel())
+        main->ResetZoom();
+}
+
+double PriceGraph::ValmorTimeToQwtTime(double t)
+{
+    return (t - 2440588.0 + 0.5) * 86400000.0;
+}
+
+// ---- trading overlays ------------------------------------------------------
+
+void PriceGraph::setOrderEntry(QObject *orderEntry)
+{
+    d->orderEntry = orderEntry;
+}
+
+void PriceGraph::DrawPositionLine(long panel, double price, long count, const char *id, int flag,
+                                  const char *text1, const char *text2, const char *text3)
+{
+    if (panel < 0 || panel >= d->panels.count() || !id)
+        return;
+    if (!std::isfinite(price)) {
+        qWarning("PriceGraph::DrawPositionLine() ignored a non-finite price for %s.", id);
+        return;
+    }
+    Plot *p = d->panels.at(int(panel));
+    if (p && p->getPriceLines())
+        p->getPriceLines()->drawPositionLine(price, count, QString::fromLatin1(id), flag,
+                                             toText(text1), toText(text2), toText(text3),
+                                             d->orderEntry);
+}
+
+void PriceGraph::DeletePositionLine(long panel, const char *id)
+{
+    if (panel < 0 || panel >= d->panels.count() || !id)
+        return;
+    Plot *p = d->panels.at(int(panel));
+    if (p && p->getPriceLines())
+        p->getPriceLines()->deletePositionLine(QString::fromLatin1(id));
+}
+
+void PriceGraph::AddBuyPoint(long, double, double, int, const char *, const char *, const char *,
+                             const char *, const char *, const char *)
+{
+}
+
+void PriceGraph::AddSellPoint(long, double, double, int, const char *, const char *, const char *,
+                              const char *, const char *, const char *)
+{
+}
+
+void PriceGraph::DeleteOrderPoint(const char *) {}
+
+void PriceGraph::DrawTickLine(double price, long)
+{
+    Plot *main = GetMainPanel();
+    if (!main || !main->getPriceLines() || !std::isfinite(price))
+        return;
+    PriceLine *tick = main->getPriceLines()->tickLine();
+    if (!tick)
+        return;
+    tick->setValue(tick->xValue(), price);
+    if (!tick->isVisible())
+        tick->setVisible(true);
+    if (tick->label() && !tick->label()->isVisible())
+        tick->label()->show();
+    main->scheduleReplot();
+}
+
+void PriceGraph::RemoveTickLine()
+{
+    Plot *main = GetMainPanel();
+    if (!main || !main->getPriceLines())
+        return;
+    PriceLine *tick = main->getPriceLines()->tickLine();
+    if (!tick)
+        return;
+    tick->setVisible(false);
+    if (tick->label())
+        tick->label()->hide();
+    main->scheduleReplot();
+}
+
+void PriceGraph::updateL1(double price1, double price2, int decimals, int extra)
+{
+    if (decimals != d->l1Decimals && decimals >= 1)
+        d->l1DecimalFix = 1.0 / std::pow(10.0, decimals + 2);
+    d->l1A = price1;
+    d->l1B = price2;
+    d->l1Decimals = decimals;
+    d->l1Extra = extra;
+    updateAxisLines();
+}
+
+void PriceGraph::updateAxisLines()
+{
+    // Line labels print prices with the chart's precision: lay them out again.
+    const QList<Plot *> panels = d->panels;
+    for (Plot *p : panels) {
+        if (!p->getPriceLines())
+            continue;
+        for (PriceLine *line : p->getPriceLines()->lines())
+            line->setValue(line->xValue(), line->yValue());
+    }
+}
+
+int PriceGraph::getL1Decimal()
+{
+    return d->l1Decimals;
+}
+
+double PriceGraph::getL1DecimalFix()
+{
+    return d->l1DecimalFix;
+}
+
+void PriceGraph::updateUserScriptComment(const char *comment, bool append)
+{
+    const QList<Plot *> panels = d->panels;
+    for (Plot *p : panels)
+        p->updateUserScriptComment(comment, append);
+}
+
+// ---- kept for binary compatibility; they do nothing -------------------------
+
+void PriceGraph::Print() {}
+void PriceGraph::PrintPreview() {}
+void PriceGraph::Reset() {}
+void PriceGraph::LineDelete() {}
+void PriceGraph::DrawBuyTag(long, long, double, bool, bool, const char *, const char *, int) {}
+void PriceGraph::DrawSellTag(long, long, double, bool, bool, const char *, const char *, int) {}
+void PriceGraph::DeleteTagByCategory(long, const char *) {}
+void PriceGraph::DeleteTagByNameIndex(long, const char *) {}
+long PriceGraph::GetCursorType() { return 0; }
+long PriceGraph::getOriginalStartIndexDiff() { return 0; }
+void PriceGraph::UseGradient(bool) {}
+long PriceGraph::PanelFromY(long) { return 0; }
+long PriceGraph::IndexFromX(long, long) { return 0; }
+double PriceGraph::ValueFromY(long, long) { return 0.0; }
