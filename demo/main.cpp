@@ -3,6 +3,7 @@
 //   pricegraph-demo                      open the window
 //   pricegraph-demo --data FILE.csv      show FILE (time,open,high,low,close,volume)
 //   pricegraph-demo --snapshot OUT.png   render offscreen to OUT.png and exit
+//   pricegraph-demo --ticks N ...        run the simulated feed N ticks first
 
 #include "mainwindow.h"
 
@@ -60,11 +61,16 @@ int main(int argc, char **argv)
     const QCommandLineOption data(QStringLiteral("data"),
                                   QStringLiteral("Show <csv> instead of the bundled data sets."),
                                   QStringLiteral("csv"));
+    const QCommandLineOption ticks(QStringLiteral("ticks"),
+                                   QStringLiteral("Run the simulated feed <n> ticks first."),
+                                   QStringLiteral("n"), QStringLiteral("0"));
     parser.addOption(snapshot);
+    parser.addOption(ticks);
     parser.addOption(data);
     parser.process(app);
 
     MainWindow window(parser.value(data));
+    window.advanceFeed(qBound(0, parser.value(ticks).toInt(), 100000));
     if (parser.isSet(snapshot)) {
         const QString out = parser.value(snapshot);
         if (!window.saveSnapshot(out)) {

@@ -87,15 +87,20 @@ MainWindow::MainWindow(const QString &dataFile, QWidget *parent)
     });
     connect(chart, &PriceGraph::cursorTypeChanged, this, &MainWindow::onCursorTypeChanged);
 
+    sets.append({tr("S&P 500 daily"), findDataFile(QStringLiteral("sp500_daily_2000-2020.csv")),
+                 86400000.0, 2});
+    sets.append({tr("USD/CHF 30 min"),
+                 findDataFile(QStringLiteral("usdchf_30min_2000-10_2001-03.csv")), 1800000.0, 4});
+    sets.append({tr("USD/THB 5 min"), findDataFile(QStringLiteral("usdthb_5min_1997-06.csv")),
+                 300000.0, 4});
     if (!dataFile.isEmpty()) {
-        sets.append({QFileInfo(dataFile).completeBaseName(), dataFile, 0.0, 0});
-    } else {
-        sets.append({tr("S&P 500 daily"), findDataFile(QStringLiteral("sp500_daily_2000-2020.csv")),
-                     86400000.0, 2});
-        sets.append({tr("USD/CHF 30 min"),
-                     findDataFile(QStringLiteral("usdchf_30min_2000-10_2001-03.csv")), 1800000.0, 4});
-        sets.append({tr("USD/THB 5 min"), findDataFile(QStringLiteral("usdthb_5min_1997-06.csv")),
-                     300000.0, 4});
+        // A bundled file keeps its known interval and decimals.
+        DataSet own{QFileInfo(dataFile).completeBaseName(), dataFile, 0.0, 0};
+        for (const DataSet &s : qAsConst(sets)) {
+            if (QFileInfo(s.path).fileName() == QFileInfo(dataFile).fileName())
+                own = {s.title, dataFile, s.intervalMs, s.decimals};
+        }
+        sets = {own};
     }
     for (const DataSet &s : sets)
         dataSets->addItem(s.title);
@@ -249,6 +254,12 @@ void MainWindow::onCursorTypeChanged(long type)
     // After a drawing the chart returns to the arrow; follow it.
     for (QAction *a : cursorGroup->actions())
         a->setChecked(a->data().toLongLong() == type);
+}
+
+void MainWindow::advanceFeed(int ticks)
+{
+    for (int i = 0; i < ticks; ++i)
+        feed->tick();
 }
 
 bool MainWindow::saveSnapshot(const QString &path)

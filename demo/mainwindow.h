@@ -25,6 +25,8 @@ public:
     // Waits until the chart has drawn what it was given and saves the window.
     bool saveSnapshot(const QString &path);
     void setLive(bool on);
+    // Runs the simulated feed `ticks` steps at once.
+    void advanceFeed(int ticks);
 
     // Where the bundled CSV files are: next to the program, installed under
     // share/, or in the source tree it was built from.

@@ -119,7 +119,7 @@ void Plot::setBackgroundColor(const QColor &c)
 void Plot::setTextColor(const QColor &c)
 {
     textColor = c;
-    auto *bottom = static_cast<ColorScaleDraw *>(axisScaleDraw(QwtPlot::xBottom));
+    auto *bottom = dynamic_cast<ColorScaleDraw *>(axisScaleDraw(QwtPlot::xBottom));
     auto *right = dynamic_cast<ColorScaleDraw *>(axisScaleDraw(QwtPlot::yRight));
     const bool reset = c == QColor(187, 187, 187);
     for (ColorScaleDraw *draw : {bottom, right}) {
