@@ -85,6 +85,21 @@ private Q_SLOTS:
             c.DrawTickLine(-kInf, 0);
             c.updateL1(kNaN, kInf, 4, 0);
         });
+        row("wild decimals", [](PriceGraph &c) {
+            c.updateL1(1.0, 1.0, INT_MAX, INT_MIN);
+            c.DrawPositionLine(0, 10.0, 1, "Buy-1", 0, "", "", "");
+            c.DrawTickLine(10.5, 0);
+            c.updateL1(1.0, 1.0, INT_MIN, 0);
+            c.DrawPositionLine(0, 10.0, LONG_MIN, "Position-1", 0, "", "", "");
+        });
+        row("empty names", [](PriceGraph &c) {
+            c.AddSeries(QString(), 0, 0, 0, 0, false);
+            c.AppendOHLC("", 2451600.0, true, 1, 2, 0.5, 1.5, 10);
+            c.AppendValue("", 2451600.0, 1.0, true);
+            c.DrawPositionLine(0, 10.0, 1, "", 0, "", "", "");
+            c.DeletePositionLine(0, "");
+            c.RemoveSeries("");
+        });
         row("display options", [](PriceGraph &c) {
             c.SetcandleChart(kHuge);
             c.SetcandleChart(-1);

@@ -178,7 +178,9 @@ void Plot::setPriceLineColor(const QColor &c)
 
 int Plot::priceDecimals() const
 {
-    return chart ? PriceGraphPrivate::decimals(chart) : -1;
+    // The host's decimals are stored as given; labels never print more than
+    // 12 (a double holds no more), so a wild value cannot blow up a format.
+    return chart ? qMin(PriceGraphPrivate::decimals(chart), 12) : -1;
 }
 
 // ---- styles and export -----------------------------------------------------
