@@ -15,6 +15,7 @@
 #include <QMap>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPolygonF>
 #include <QTextStream>
 
 #include <functional>
@@ -50,6 +51,15 @@ QPen pen(const QColor &c, qreal w, Qt::PenCapStyle cap = Qt::RoundCap)
     return QPen(c, w, Qt::SolidLine, cap, Qt::RoundJoin);
 }
 
+QPainterPath closedPath(std::initializer_list<QPointF> points)
+{
+    QPolygonF polygon(points);
+    QPainterPath path;
+    path.addPolygon(polygon);
+    path.closeSubpath();
+    return path;
+}
+
 void dot(QPainter &p, QPointF c, qreal r = 1.7, const QColor &color = kAccent)
 {
     p.setPen(Qt::NoPen);
@@ -64,17 +74,8 @@ void dot(QPainter &p, QPointF c, qreal r = 1.7, const QColor &color = kAccent)
 void arrow(QPainter &p, bool left)
 {
     p.fillRect(QRect(0, 0, 12, 12), kScrollBg);
-    QPainterPath path;
-    if (left) {
-        path.moveTo(7.8, 2.5);
-        path.lineTo(3.6, 6.0);
-        path.lineTo(7.8, 9.5);
-    } else {
-        path.moveTo(4.2, 2.5);
-        path.lineTo(8.4, 6.0);
-        path.lineTo(4.2, 9.5);
-    }
-    path.closeSubpath();
+    const QPainterPath path = left ? closedPath({{7.8, 2.5}, {3.6, 6.0}, {7.8, 9.5}})
+                                   : closedPath({{4.2, 2.5}, {8.4, 6.0}, {4.2, 9.5}});
     p.setPen(pen(QColor(0x9a, 0x9a, 0x9a), 1.0));
     p.setBrush(QColor(0x9a, 0x9a, 0x9a));
     p.drawPath(path);
@@ -128,13 +129,8 @@ void pencil(QPainter &p, const QColor &bg)
 {
     box(p, bg);
     // Body along the diagonal, a tip at the lower left, a cap at the top right.
-    QPainterPath body;
-    body.moveTo(3.0, 11.0);
-    body.lineTo(3.6, 8.4);
-    body.lineTo(9.2, 2.8);
-    body.lineTo(11.2, 4.8);
-    body.lineTo(5.6, 10.4);
-    body.closeSubpath();
+    const QPainterPath body =
+        closedPath({{3.0, 11.0}, {3.6, 8.4}, {9.2, 2.8}, {11.2, 4.8}, {5.6, 10.4}});
     p.setPen(pen(Qt::white, 0.9));
     p.setBrush(Qt::white);
     p.drawPath(body);
@@ -292,15 +288,8 @@ void priceChannel(QPainter &p)
 
 void pointerArrow(QPainter &p)
 {
-    QPainterPath path;
-    path.moveTo(3.5, 1.5);
-    path.lineTo(3.5, 13.0);
-    path.lineTo(6.3, 10.3);
-    path.lineTo(8.4, 14.6);
-    path.lineTo(10.3, 13.7);
-    path.lineTo(8.3, 9.5);
-    path.lineTo(12.2, 9.5);
-    path.closeSubpath();
+    const QPainterPath path = closedPath({{3.5, 1.5}, {3.5, 13.0}, {6.3, 10.3}, {8.4, 14.6},
+                                          {10.3, 13.7}, {8.3, 9.5}, {12.2, 9.5}});
     p.setPen(pen(kChartBg, 1.0));
     p.setBrush(kLine);
     p.drawPath(path);
