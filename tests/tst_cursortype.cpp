@@ -73,6 +73,21 @@ private Q_SLOTS:
         QCOMPARE(panels().last()->getCursorStyle(), 1);
     }
 
+    void hostMayCallBackFromTheSignal()
+    {
+        // The signal is emitted with the chart's lock held; a host that feeds
+        // the chart from its slot must not deadlock.
+        connect(chart.data(), &PriceGraph::cursorTypeChanged, this, [this](long type) {
+            if (type == 2)
+                chart->AddSeries(QStringLiteral("MA*255"), 0, 3, 0, 0, false);
+            chart->Update();
+        });
+        chart->SetCursorType(2);
+        QCOMPARE(chart->GetPanelCount(), 4L);
+        // The new panel was handed the type that was current when it was made.
+        QCOMPARE(panels().last()->getCursorStyle(), 2);
+    }
+
     void outOfIntRangeDoesNotWrap()
     {
         chart->SetCursorType(long(INT_MAX) + 10);
