@@ -140,6 +140,14 @@ void PlotPriceLinesData::mergeOrderLinePositionLabelShow(double price)
     }
 }
 
+void PlotPriceLinesData::updateLabels()
+{
+    for (PriceLine *line : qAsConst(m_lines))
+        line->updateLabel();
+    if (m_tickLine)
+        m_tickLine->updateLabel();
+}
+
 void PlotPriceLinesData::refreshLabels()
 {
     for (PriceLine *line : qAsConst(m_lines))

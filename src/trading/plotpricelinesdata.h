@@ -33,6 +33,8 @@ public:
     // Groups the order lines standing exactly at `price`: their boxes are
     // shown together, stacked and centred on the canvas.
     void mergeOrderLinePositionLabelShow(double price);
+    // Lays every label and box out again (the panel's layout changed).
+    void updateLabels();
     // Rebuilds the texts of all boxes (the chart's price decimals changed).
     void refreshLabels();
 
