@@ -144,6 +144,10 @@ void OrderLineButton::paintEvent(QPaintEvent *)
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
     p.fillPath(m_outline, QColor(0x1e, 0x24, 0x26));
+    // Qt's style sheets do not read the hex components of the text part's
+    // rgba(); the same colour is painted behind the (transparent) label.
+    if (m_kind == Order)
+        p.fillRect(m_text->geometry(), accent);
     p.setPen(QPen(accent, 1.0));
     p.drawPath(m_outline);
 }
