@@ -18,6 +18,7 @@
 #include "pricelabeltext.h"
 
 #include <climits>
+#include <limits>
 
 // The host terminal's order-entry object.
 class OrderEntry : public QObject
@@ -204,36 +205,20 @@ private Q_SLOTS:
 
     // ---- record and texts ------------------------------------------------
 
-    void countText_data()
-    {
-        QTest::addColumn<qlonglong>("count");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("999") << 999LL << "999";
-        QTest::newRow("1000") << 1000LL << "1K";
-        QTest::newRow("2500000") << 2500000LL << "2.5M";
-        QTest::newRow("2000000000") << 2000000000LL << "2B";
-        QTest::newRow("negative") << -1500LL << "-1.5K";
-        QTest::newRow("zero") << 0LL << "0";
-        QTest::newRow("three letters at most") << 5000000000000LL << "5000B";
-    }
-
-    void countText()
-    {
-        QFETCH(qlonglong, count);
-        QFETCH(QString, text);
-        QCOMPARE(LineLabelText::countText(long(count)), text);
-    }
-
     void labelText_data()
     {
         QTest::addColumn<qlonglong>("count");
         QTest::addColumn<double>("price");
         QTest::addColumn<int>("decimals");
         QTest::addColumn<QString>("text");
-        QTest::newRow("fixed decimals") << 1500LL << 1.2345 << 5 << "  1.5K @ 1.23450";
-        QTest::newRow("two decimals") << 999LL << 2801.5 << 2 << "  999 @ 2801.50";
-        QTest::newRow("zero decimals trims") << -2500000LL << 0.5 << 0 << "  -2.5M @ 0.5";
-        QTest::newRow("not a chart panel") << 1000LL << 100.0 << -1 << "  1K @ 100";
+        QTest::newRow("no suffix") << 999LL << 2801.5 << 2 << "  999 @ 2801.50";
+        QTest::newRow("K") << 1000LL << 1.2345 << 5 << "  1K @ 1.23450";
+        QTest::newRow("K with fraction") << 1500LL << 1.2345 << 5 << "  1.5K @ 1.23450";
+        QTest::newRow("M") << 2500000LL << 0.9 << 4 << "  2.5M @ 0.9000";
+        QTest::newRow("B") << 2000000000LL << 0.9 << 4 << "  2B @ 0.9000";
+        QTest::newRow("three letters at most") << 5000000000000LL << 1.0 << 1 << "  5000B @ 1.0";
+        QTest::newRow("negative, zero decimals") << -2500000LL << 0.5 << 0 << "  -2.5M @ 0.5";
+        QTest::newRow("not a chart panel") << 0LL << 100.0 << -1 << "  0 @ 100";
     }
 
     void labelText()
@@ -305,6 +290,13 @@ private Q_SLOTS:
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("non-finite")));
         chart->DrawTickLine(qInf(), 0);
         QCOMPARE(lines()->line(QStringLiteral("Buy-1"))->yValue(), 1.25);
+
+        // Finite but far off the scale: drawn (clipped) and painted without harm.
+        draw("Buy-2", 1e300);
+        draw("Position-2", -std::numeric_limits<double>::max());
+        chart->DrawTickLine(1e-300, 0);
+        QVERIFY(!chart->grab().isNull());
+        QCOMPARE(line<OrderLine>("Buy-2")->label()->height(), 17);
     }
 
     void deleteRemovesLineAndWidgets()
@@ -357,20 +349,22 @@ private Q_SLOTS:
         QVERIFY(line<OrderLine>("Sell-3")->button()->isHidden());
     }
 
-    void positionNeverJoins()
+    void notGrouped_data()
     {
-        draw("Buy-1", 1.25);
-        draw("Position-1", 1.25);
-        QVERIFY(line<OrderLine>("Buy-1")->buttonFollowsMouse());
-        QCOMPARE(line<OrderLine>("Buy-1")->widgets().size(), 1);
+        QTest::addColumn<QByteArray>("other");
+        QTest::addColumn<double>("price");
+        QTest::newRow("position at the same price") << QByteArray("Position-1") << 0.3;
+        QTest::newRow("last binary digit differs") << QByteArray("Buy-B") << 0.1 + 0.2;
     }
 
-    void lastBinaryDigitDoesNotGroup()
+    void notGrouped()
     {
-        draw("Buy-A", 0.1 + 0.2);
-        draw("Buy-B", 0.3);
+        QFETCH(QByteArray, other);
+        QFETCH(double, price);
+        draw("Buy-A", 0.3);
+        draw(other.constData(), price);
         QVERIFY(line<OrderLine>("Buy-A")->buttonFollowsMouse());
-        QVERIFY(line<OrderLine>("Buy-B")->buttonFollowsMouse());
+        QCOMPARE(line<OrderLine>("Buy-A")->widgets().size(), 1);
     }
 
     // ---- the user's mouse ------------------------------------------------
@@ -512,14 +506,10 @@ private Q_SLOTS:
         chart->RemoveTickLine();
         QVERIFY(!tick->isVisible());
         QVERIFY(tick->label()->isHidden());
-    }
 
-    void tickLineWithoutPanels()
-    {
-        Chart empty;
+        Chart empty; // no panel yet: nothing to draw on, nothing happens
         empty.DrawTickLine(1.0, 0);
         empty.RemoveTickLine();
-        empty.DrawPositionLine(0, 1.0, 1, "Buy-1", 0, "", "", "");
         QCOMPARE(empty.GetPanelCount(), 0L);
     }
 

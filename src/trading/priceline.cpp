@@ -265,11 +265,18 @@ int PriceLine::priceDecimals() const
 
 void PriceLine::installCanvasFilter(bool on)
 {
-    if (QWidget *canvas = canvasWidget()) {
-        if (on)
-            canvas->installEventFilter(this);
-        else
-            canvas->removeEventFilter(this);
+    QWidget *canvas = canvasWidget();
+    if (!canvas)
+        return;
+    if (on) {
+        canvas->installEventFilter(this);
+        return;
+    }
+    canvas->removeEventFilter(this);
+    if (m_kind == 1 || m_kind == 2) {
+        setLinePen(m_normalPen);
+        if (m_label)
+            m_label->hide();
     }
 }
 

@@ -76,6 +76,8 @@ protected:
     QwtScaleWidget *axisWidget() const;
     // Number of price decimals of the panel; -1 when not on a chart panel.
     int priceDecimals() const;
+    // Starts or stops listening to the canvas; a line that stops listening
+    // also drops its hover state, as no move will come to clear it.
     void installCanvasFilter(bool on);
 
     // Held while the line emits towards the host, so that a host slot may
