@@ -41,6 +41,15 @@ private:
     bool m_autoReplot;
 };
 
+// Redraws the items from prepared data; no axis or layout work.
+void repaint(QWidget *canvas)
+{
+    if (QwtPlotCanvas *c = qobject_cast<QwtPlotCanvas *>(canvas))
+        c->replot();
+    else if (canvas)
+        canvas->update();
+}
+
 QPen kindPen(int r, int g, int b, int a)
 {
     return QPen(QBrush(QColor(r, g, b, a)), 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin);
@@ -231,19 +240,7 @@ bool PriceLine::eventFilter(QObject *watched, QEvent *event)
 
 void PriceLine::itemChanged()
 {
-    repaintCanvas();
-}
-
-void PriceLine::repaintCanvas() const
-{
-    QWidget *canvas = canvasWidget();
-    if (!canvas)
-        return;
-    // Redraws the items from prepared data; no axis or layout work.
-    if (QwtPlotCanvas *c = qobject_cast<QwtPlotCanvas *>(canvas))
-        c->replot();
-    else
-        canvas->update();
+    repaint(canvasWidget());
 }
 
 QWidget *PriceLine::canvasWidget() const
@@ -293,12 +290,7 @@ void PriceLine::retire()
             QuietPlot quiet(p);
             QwtPlotMarker::detach();
         }
-        if (m_canvas) {
-            if (QwtPlotCanvas *c = qobject_cast<QwtPlotCanvas *>(m_canvas.data()))
-                c->replot();
-            else
-                m_canvas->update();
-        }
+        repaint(m_canvas);
     }
 }
 

@@ -100,8 +100,6 @@ protected:
     long m_count = 0;
 
 private:
-    void repaintCanvas() const;
-
     QPointer<QWidget> m_canvas;
     double m_price = 0.0;
     QString m_id;
