@@ -12,7 +12,8 @@
 
 namespace {
 
-const int ButtonSize = 16; // the icons are 16 x 16
+const int ButtonSize = 14; // the icons' size, so their images do not tile
+const int TextHeight = 16;
 const int Margin = 2;      // frame to content; the box is 20 px high
 const qreal Radius = 3.0;
 
@@ -38,7 +39,7 @@ OrderLineButton::OrderLineButton(Kind kind, QWidget *parent)
     setStyleSheet(QStringLiteral("background-color:transparent;"));
 
     m_text = new QLabel(QString::fromLatin1(placeholderText()), this);
-    m_text->setFixedHeight(ButtonSize);
+    m_text->setFixedHeight(TextHeight);
     m_text->setAlignment(Qt::AlignVCenter | Qt::AlignLeft);
     m_text->setContentsMargins(0, 0, 3, 0);
     if (kind == Order) {
