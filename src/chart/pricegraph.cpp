@@ -475,44 +475,28 @@ void PriceGraph::DeleteOrderPoint(const char *) {}
 void PriceGraph::DrawTickLine(double price, long)
 {
     QMutexLocker locker(d->mutex);
-    Plot *main = GetMainPanel();
-    if (!main || !main->getPriceLines())
-        return;
     if (!std::isfinite(price)) {
         qWarning("PriceGraph::DrawTickLine() ignored a non-finite price.");
         return;
     }
-    PriceLine *tick = main->getPriceLines()->tickLine();
-    if (!tick)
-        return;
     // Only the first panel shows a tick line, also after panels were moved.
     const QList<Plot *> panels = d->panels;
     for (Plot *p : panels) {
-        PriceLine *other = p != main && p->getPriceLines() ? p->getPriceLines()->tickLine() : nullptr;
-        if (other && other->isVisible()) {
-            other->setVisible(false);
-            other->label()->hide();
-        }
+        if (!p->getPriceLines())
+            continue;
+        if (p == panels.first())
+            p->getPriceLines()->showTickLine(price);
+        else
+            p->getPriceLines()->hideTickLine();
     }
-    tick->setValue(tick->xValue(), price);
-    if (!tick->isVisible())
-        tick->setVisible(true);
-    if (tick->label() && tick->label()->isHidden())
-        tick->label()->show();
 }
 
 void PriceGraph::RemoveTickLine()
 {
     QMutexLocker locker(d->mutex);
     Plot *main = GetMainPanel();
-    if (!main || !main->getPriceLines())
-        return;
-    PriceLine *tick = main->getPriceLines()->tickLine();
-    if (!tick)
-        return;
-    tick->setVisible(false);
-    if (tick->label())
-        tick->label()->hide();
+    if (main && main->getPriceLines())
+        main->getPriceLines()->hideTickLine();
 }
 
 void PriceGraph::updateL1(double price1, double price2, int decimals, int extra)

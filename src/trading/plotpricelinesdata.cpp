@@ -154,6 +154,27 @@ void PlotPriceLinesData::refreshLabels()
         line->setCount(line->count());
 }
 
+void PlotPriceLinesData::showTickLine(double price)
+{
+    if (!m_tickLine)
+        return;
+    m_tickLine->setValue(m_tickLine->xValue(), price);
+    if (!m_tickLine->isVisible())
+        m_tickLine->setVisible(true);
+    if (m_tickLine->label() && m_tickLine->label()->isHidden())
+        m_tickLine->label()->show();
+}
+
+void PlotPriceLinesData::hideTickLine()
+{
+    if (!m_tickLine)
+        return;
+    if (m_tickLine->isVisible())
+        m_tickLine->setVisible(false);
+    if (m_tickLine->label())
+        m_tickLine->label()->hide();
+}
+
 void PlotPriceLinesData::setCursorStyle(int style)
 {
     for (PriceLine *line : qAsConst(m_lines))

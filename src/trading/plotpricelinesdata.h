@@ -38,6 +38,10 @@ public:
     // Rebuilds the texts of all boxes (the chart's price decimals changed).
     void refreshLabels();
 
+    // The tick line (last price) with its label.
+    void showTickLine(double price);
+    void hideTickLine();
+
     void setCursorStyle(int style);
     // Stored for the host to read back; line colours are fixed by kind.
     void setPriceLineColor(const QColor &color, int flag);
