@@ -3,15 +3,19 @@
 #include "eventsync.h"
 #include "overlaylayout.h"
 #include "overlaywidget.h"
+#include "panelclosebutton.h"
 #include "plot.h"
 #include "plotpricelinesdata.h"
 #include "plotscrollbar.h"
 #include "priceline.h"
 #include "pricegraphprivate.h"
+#include "zoombuttons.h"
 
 #include <QDebug>
 #include <QLabel>
+#include <QHBoxLayout>
 #include <QMutexLocker>
+#include <QPushButton>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -121,6 +125,7 @@ void PriceGraph::OnPlotClose(Plot *plot)
 {
     d->panels.removeOne(plot);
     d->eventSync->removePanel(plot);
+    // The scroll bar serves the main panel, whichever that is now.
     d->scrollBar->setPlot(d->panels.value(0));
 }
 
@@ -141,10 +146,13 @@ void PriceGraph::removePannels(QList<Plot *> &list)
 
 void PriceGraph::resetLayout()
 {
+    // The price panel takes twice the height of each other panel; only the
+    // lowest panel shows dates; every panel but the main one can be closed.
     for (int i = 0; i < d->panels.count() && i < d->splitter->count(); ++i) {
         QWidget *w = d->splitter->widget(i);
         d->splitter->setStretchFactor(i, w == d->panels.first() ? 2 : 1);
         d->panels[i]->enableAxis(QwtPlot::xBottom, i == d->panels.count() - 1);
+        PanelCloseButton::showFor(d->panels[i], i > 0);
     }
     d->splitter->refresh();
     if (d->splitter->count() == 0)
@@ -163,6 +171,7 @@ void PriceGraph::ResetSplitter()
     d->splitter->setOrientation(Qt::Vertical);
     d->splitter->setHandleWidth(1);
     overlayLayout->addWidget(d->splitter);
+    // The overlay lies on top of the panels and lets the mouse through.
     d->overlay->setParent(nullptr);
     d->overlay->setAttribute(Qt::WA_TransparentForMouseEvents);
     overlayLayout->addWidget(d->overlay);
@@ -176,7 +185,32 @@ void PriceGraph::ResetSplitter()
     d->scrollBar->setPageStep(1);
     d->scrollBar->setRange(0, 0);
     d->scrollBar->setValue(0);
-    vbox->addWidget(d->scrollBar, 0);
+
+    // The scroll bar row: the bar, then the zoom buttons at its right end,
+    // on the bar's own background.
+    QPushButton *zoomIn = d->zoomButtons->button(0);
+    QPushButton *zoomOut = d->zoomButtons->button(1);
+    if (d->scrollRow) {
+        // Keep the bar and the buttons; only the row is rebuilt.
+        d->scrollBar->setParent(nullptr);
+        zoomIn->setParent(nullptr);
+        zoomOut->setParent(nullptr);
+        delete d->scrollRow;
+    }
+    QWidget *row = new QWidget;
+    row->setObjectName(QStringLiteral("scrollRow"));
+    row->setAutoFillBackground(true);
+    QPalette palette = row->palette();
+    palette.setColor(QPalette::Window, QColor(0x11, 0x11, 0x11));
+    row->setPalette(palette);
+    QHBoxLayout *rowLayout = new QHBoxLayout(row);
+    rowLayout->setContentsMargins(0, 0, 6, 0);
+    rowLayout->setSpacing(4);
+    rowLayout->addWidget(d->scrollBar, 1);
+    rowLayout->addWidget(zoomIn, 0, Qt::AlignVCenter);
+    rowLayout->addWidget(zoomOut, 0, Qt::AlignVCenter);
+    d->scrollRow = row;
+    vbox->addWidget(row, 0);
     setLayout(vbox);
 }
 

@@ -7,6 +7,7 @@
 #include "pricegraph.h"
 #include "zoombuttons.h"
 
+#include <QMutexLocker>
 #include <QSplitter>
 
 #include <cmath>
@@ -21,6 +22,7 @@ PriceGraphPrivate::PriceGraphPrivate(PriceGraph *chart)
     , l1DecimalFix(1.0 / std::pow(10.0, 6))
 {
     splitter = new QSplitter;
+    zoomButtons = new ZoomButtons(chart);
 }
 
 PriceGraphPrivate::~PriceGraphPrivate()
@@ -74,4 +76,31 @@ double PriceGraphPrivate::decimalFix(PriceGraph *chart)
 QWidget *PriceGraphPrivate::overlayWidget(PriceGraph *chart)
 {
     return chart->getOverlayWidget();
+}
+
+ZoomButtons *PriceGraphPrivate::zoomButtonsOf(PriceGraph *chart)
+{
+    return (chart && chart->d) ? chart->d->zoomButtons : nullptr;
+}
+
+PlotScrollBar *PriceGraphPrivate::scrollBarOf(PriceGraph *chart)
+{
+    return (chart && chart->d) ? chart->d->scrollBar : nullptr;
+}
+
+EventSync *PriceGraphPrivate::eventSyncOf(PriceGraph *chart)
+{
+    return (chart && chart->d) ? chart->d->eventSync : nullptr;
+}
+
+void PriceGraphPrivate::closePanel(PriceGraph *chart, Plot *plot)
+{
+    if (!chart || !chart->d)
+        return;
+    QMutexLocker locker(chart->d->mutex);
+    const QList<Plot *> &panels = chart->d->panels;
+    if (panels.indexOf(plot) <= 0) // unknown, or the main panel
+        return;
+    delete plot;
+    chart->resetLayout();
 }
