@@ -57,6 +57,24 @@ private Q_SLOTS:
         VERIFY_IN_STEP(*chart);
     }
 
+    void dataBeforeShowKeepsBarWidthWhenShown()
+    {
+        TestChart hidden;
+        hidden.AddSeries(QStringLiteral("OHLC"), 0, 0, 0, 0, false);
+        hidden.AddSeries(QStringLiteral("SMA"), 0, 1, 0, 0, false);
+        feedBars(hidden, 0, 300);
+        Plot *p = mainPanel(hidden);
+        QTRY_VERIFY(nav(p)->hasView());
+        hidden.resize(1200, 600);
+        hidden.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&hidden));
+        // 16 pixels a bar at zoom 1 on whatever canvas the panel gets, the
+        // newest bars still at the right edge.
+        QTRY_COMPARE(shown(p).width(), p->canvas()->width() / 16.0);
+        QCOMPARE(shown(p).maxValue(), nav(p)->limits().maxX());
+        VERIFY_IN_STEP(hidden);
+    }
+
     void newBarsFollowOnlyAtTheEnd_data()
     {
         QTest::addColumn<long>("scrollBack");
