@@ -39,22 +39,22 @@ void EventSync::copyView(Plot *source, Plot *target)
 
 bool EventSync::eventFilter(QObject *watched, QEvent *event)
 {
-    if (m_panels.isEmpty())
+    // Every event of every panel passes here: decide on the type first.
+    const bool show = event->type() == QEvent::Show;
+    if ((!show && !m_syncTypes.contains(event->type())) || m_busy || m_panels.isEmpty())
         return false;
     Plot *sender = qobject_cast<Plot *>(watched);
     if (!sender || !m_panels.contains(sender))
         return false;
-    // A panel that was hidden missed the copies meanwhile: catch up as it
-    // shows, so it never appears with a stale range.
-    if (event->type() == QEvent::Show && sender != m_panels.first() && !m_busy) {
-        m_busy = true;
-        copyView(m_panels.first(), sender);
+    m_busy = true; // the copies below send events of their own
+    if (show) {
+        // A panel that was hidden missed the copies meanwhile: it catches up
+        // as it shows, so it never appears with a stale range.
+        if (sender != m_panels.first())
+            copyView(m_panels.first(), sender);
         m_busy = false;
         return false;
     }
-    if (!m_syncTypes.contains(event->type()) || m_busy)
-        return false;
-    m_busy = true; // the copies below send events of their own
     // A synchronisation spreads the main panel's view whichever panel asked
     // (scrolls and zooms always move the main panel); a pan spreads the view
     // of the panel that was dragged.

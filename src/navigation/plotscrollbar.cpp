@@ -92,7 +92,7 @@ void PlotScrollBar::onScaleDivChanged()
 
 void PlotScrollBar::onSliderMoved(int newValue)
 {
-    if (!m_plot)
+    if (!m_plot || !m_plot->getNavigator()->hasView())
         return;
     double lower = newValue;
     double upper = newValue + m_page;
