@@ -1,5 +1,5 @@
-// Shared by the navigation tests: a shown chart fed through the exported
-// API, and checks on what its panels display.
+// Shared by the navigation tests: a chart fed through the exported API and
+// checks on what its panels display.
 #ifndef NAVTESTHELPERS_H
 #define NAVTESTHELPERS_H
 
@@ -20,12 +20,11 @@ public:
     using PriceGraph::GetAllPanel;
     using PriceGraph::GetMainPanel;
     using PriceGraph::removePannels;
-    using PriceGraph::resetLayout;
 };
 
 namespace navtest {
 
-// Bars one day apart from 2020-06-06, prices rising slowly with a wobble.
+// Daily bars from 2020-06-06, prices rising slowly with a wobble.
 inline void feedBars(PriceGraph &chart, int first, int count)
 {
     for (int i = first; i < first + count; ++i) {
@@ -35,44 +34,29 @@ inline void feedBars(PriceGraph &chart, int first, int count)
     }
 }
 
-inline Plot *mainPanel(PriceGraph &chart)
-{
-    return PriceGraphPrivate::mainPanel(&chart);
-}
+inline Plot *mainPanel(PriceGraph &chart) { return PriceGraphPrivate::mainPanel(&chart); }
+inline PlotNavigator *nav(Plot *p) { return p->getNavigator(); }
+inline QwtInterval shown(Plot *p) { return p->axisScaleDiv(QwtPlot::xBottom).interval(); }
 
-inline PlotNavigator *nav(Plot *p)
-{
-    return p->getNavigator();
-}
-
-inline QwtInterval shown(Plot *p)
-{
-    return p->axisScaleDiv(QwtPlot::xBottom).interval();
-}
-
-// Resizes the chart so the main panel's canvas is `width` pixels wide.
+// Resizes the chart until the main panel's canvas is `width` pixels wide.
 inline bool setCanvasWidth(PriceGraph &chart, int width)
 {
-    for (int attempt = 0; attempt < 5; ++attempt) {
-        QWidget *canvas = mainPanel(chart)->canvas();
-        if (canvas->width() == width)
-            return true;
+    QWidget *canvas = mainPanel(chart)->canvas();
+    for (int attempt = 0; attempt < 5 && canvas->width() != width; ++attempt) {
         chart.resize(chart.width() + width - canvas->width(), chart.height());
         QTest::qWait(20);
     }
-    return mainPanel(chart)->canvas()->width() == width;
+    return canvas->width() == width;
 }
 
-// Every panel that is not hidden shows the main panel's x interval.
+// Every panel not hidden shows exactly the main panel's x interval.
 inline bool panelsInStep(PriceGraph &chart, QString *why = nullptr)
 {
     const QList<Plot *> panels = PriceGraphPrivate::allPanels(&chart);
     const QwtInterval ref = shown(panels.first());
     for (int i = 1; i < panels.size(); ++i) {
-        if (panels[i]->isHidden())
-            continue;
         const QwtInterval x = shown(panels[i]);
-        if (x.minValue() != ref.minValue() || x.maxValue() != ref.maxValue()) {
+        if (!panels[i]->isHidden() && x != ref) {
             if (why)
                 *why = QStringLiteral("panel %1 shows [%2, %3], main [%4, %5]")
                            .arg(i).arg(x.minValue()).arg(x.maxValue())
@@ -90,9 +74,8 @@ inline void sendMouse(QWidget *w, QEvent::Type type, QPoint pos, Qt::MouseButton
     QApplication::sendEvent(w, &e);
 }
 
-// Press, move in `steps` equal steps by `dx` in total, release; the button
-// is held throughout as a user's would be.
-inline void dragCanvas(QWidget *canvas, QPoint from, int dx, int steps = 1)
+// Press, move by `dx` in `steps` equal steps with the button held, release.
+inline void dragCanvas(QWidget *canvas, QPoint from, int dx, int steps)
 {
     sendMouse(canvas, QEvent::MouseButtonPress, from, Qt::LeftButton, Qt::LeftButton);
     for (int s = 1; s <= steps; ++s)
