@@ -44,7 +44,7 @@ inline bool setCanvasWidth(PriceGraph &chart, int width)
     QWidget *canvas = mainPanel(chart)->canvas();
     for (int attempt = 0; attempt < 5 && canvas->width() != width; ++attempt) {
         chart.resize(chart.width() + width - canvas->width(), chart.height());
-        QTest::qWait(20);
+        QCoreApplication::processEvents(); // pending layout requests
     }
     return canvas->width() == width;
 }
