@@ -246,12 +246,16 @@ void PlotNavigator::finishZoom(bool wasAtEnd)
         setX(x1, x2, m_zoom);
         return;
     }
+    if (wasAtEnd) {
+        // Where the adjusted range would land does not matter: go straight
+        // to the newest bars (one replot instead of two).
+        scrollToEnd();
+        return;
+    }
     x1 = m_viewX1;
     x2 = m_viewX2;
     adjustX(x1, x2);
     setX(x1, x2, m_zoom);
-    if (wasAtEnd)
-        scrollToEnd();
 }
 
 void PlotNavigator::resetZoom()
