@@ -9,13 +9,10 @@
 #include "plotscrollbar.h"
 #include "priceline.h"
 #include "pricegraphprivate.h"
-#include "zoombuttons.h"
 
 #include <QDebug>
 #include <QLabel>
-#include <QHBoxLayout>
 #include <QMutexLocker>
-#include <QPushButton>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -186,31 +183,8 @@ void PriceGraph::ResetSplitter()
     d->scrollBar->setRange(0, 0);
     d->scrollBar->setValue(0);
 
-    // The scroll bar row: the bar, then the zoom buttons at its right end,
-    // on the bar's own background.
-    QPushButton *zoomIn = d->zoomButtons->button(0);
-    QPushButton *zoomOut = d->zoomButtons->button(1);
-    if (d->scrollRow) {
-        // Keep the bar and the buttons; only the row is rebuilt.
-        d->scrollBar->setParent(nullptr);
-        zoomIn->setParent(nullptr);
-        zoomOut->setParent(nullptr);
-        delete d->scrollRow;
-    }
-    QWidget *row = new QWidget;
-    row->setObjectName(QStringLiteral("scrollRow"));
-    row->setAutoFillBackground(true);
-    QPalette palette = row->palette();
-    palette.setColor(QPalette::Window, QColor(0x11, 0x11, 0x11));
-    row->setPalette(palette);
-    QHBoxLayout *rowLayout = new QHBoxLayout(row);
-    rowLayout->setContentsMargins(0, 0, 6, 0);
-    rowLayout->setSpacing(4);
-    rowLayout->addWidget(d->scrollBar, 1);
-    rowLayout->addWidget(zoomIn, 0, Qt::AlignVCenter);
-    rowLayout->addWidget(zoomOut, 0, Qt::AlignVCenter);
-    d->scrollRow = row;
-    vbox->addWidget(row, 0);
+    // The bar with the zoom buttons at its right end.
+    vbox->addWidget(d->rebuildScrollRow(), 0);
     setLayout(vbox);
 }
 

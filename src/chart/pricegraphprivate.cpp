@@ -7,7 +7,9 @@
 #include "pricegraph.h"
 #include "zoombuttons.h"
 
+#include <QHBoxLayout>
 #include <QMutexLocker>
+#include <QPushButton>
 #include <QSplitter>
 
 #include <cmath>
@@ -40,6 +42,33 @@ PriceGraphPrivate::~PriceGraphPrivate()
     delete eventSync;
     delete splitter;
     delete mutex;
+}
+
+QWidget *PriceGraphPrivate::rebuildScrollRow()
+{
+    QPushButton *zoomIn = zoomButtons->button(0);
+    QPushButton *zoomOut = zoomButtons->button(1);
+    if (scrollRow) {
+        scrollBar->setParent(nullptr);
+        zoomIn->setParent(nullptr);
+        zoomOut->setParent(nullptr);
+        delete scrollRow;
+    }
+    // On the bar's own background, so the transparent buttons blend in.
+    QWidget *row = new QWidget;
+    row->setObjectName(QStringLiteral("scrollRow"));
+    row->setAutoFillBackground(true);
+    QPalette palette = row->palette();
+    palette.setColor(QPalette::Window, QColor(0x11, 0x11, 0x11));
+    row->setPalette(palette);
+    QHBoxLayout *layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 6, 0);
+    layout->setSpacing(4);
+    layout->addWidget(scrollBar, 1);
+    layout->addWidget(zoomIn, 0, Qt::AlignVCenter);
+    layout->addWidget(zoomOut, 0, Qt::AlignVCenter);
+    scrollRow = row;
+    return row;
 }
 
 PriceGraphPrivate *PriceGraphPrivate::get(PriceGraph *chart)

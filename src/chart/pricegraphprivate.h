@@ -14,6 +14,7 @@ class Plot;
 class PlotScrollBar;
 class PriceGraph;
 class QSplitter;
+class QWidget;
 class ZoomButtons;
 
 // Private data of PriceGraph. Not part of the API.
@@ -53,6 +54,10 @@ public:
 
     ZoomButtons *zoomButtons = nullptr;  // right end of the scroll-bar row
     QPointer<QWidget> scrollRow;        // the row under the panels (rebuilt by ResetSplitter)
+
+    // Makes a new scroll-bar row (the bar, then the zoom buttons at its
+    // right end) in place of the old one, keeping the bar and the buttons.
+    QWidget *rebuildScrollRow();
 
     // Access for library code to the facade's protected members.
     static Plot *mainPanel(PriceGraph *chart);
