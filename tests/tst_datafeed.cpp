@@ -8,6 +8,7 @@
 #include "pricegraph.h"
 #include "pricegraphprivate.h"
 #include "seriesrecord.h"
+#include "tradingcurve.h"
 
 #include <qwt_plot_curve.h>
 #include <qwt_plot_histogram.h>
@@ -116,6 +117,31 @@ private Q_SLOTS:
         Plot *volume = PriceGraphPrivate::allPanels(chart).at(1);
         QCOMPARE(itemCount(volume, QwtPlotItem::Rtti_PlotHistogram), 1);
         QCOMPARE(volume->volumeHistogram->brush().color(), QColor(Qt::red));
+    }
+
+    void boundsOfEveryItemArePositionsByValues()
+    {
+        // What autoscale sees before the view is set: x the bar positions,
+        // y the values, for every kind of item.
+        chart->AddSeries(QStringLiteral("OHLC"), 0, 0, 0, 0, false);
+        chart->AddSeries(QStringLiteral("volume"), 0, 1, 0, 0, false);
+        chart->AddSeries(QStringLiteral("MA"), 0, 1, 0, 0, false);
+        chart->AddSeries(QStringLiteral("H.end"), 0, 1, 0, 0, false);
+        feedDays(4); // lows 9..12, highs 11..14, volumes 100..103
+        for (int k = 0; k < 4; ++k) {
+            chart->AppendValue("MA", julian(T0 + k * Day), 20 + k, false);
+            chart->AppendValue("H.end", julian(T0 + k * Day), -k, false);
+        }
+        Plot *second = PriceGraphPrivate::allPanels(chart).at(1);
+        QCOMPARE(main()->tradingCurve->boundingRect(), QRectF(0, 9, 3, 5));
+        QCOMPARE(main()->lineCurve->boundingRect(), QRectF(0, 9, 3, 5));
+        const QRectF volume = second->volumeHistogram->boundingRect();
+        QCOMPARE(volume.top(), 0.0);
+        QCOMPARE(volume.bottom(), 103.0);
+        QVERIFY(volume.left() < 0.0 && volume.right() > 3.0);
+        QCOMPARE(second->series(QStringLiteral("MA"))->curve->boundingRect(), QRectF(0, 20, 3, 3));
+        QCOMPARE(second->series(QStringLiteral("H.end"))->intervalCurve->boundingRect(),
+                 QRectF(0, -3, 3, 3));
     }
 
     void reAddingAnIndicatorReplacesIt()

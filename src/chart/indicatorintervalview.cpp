@@ -33,5 +33,7 @@ QRectF IndicatorIntervalView::boundingRect() const
         return QRectF(1.0, 1.0, -2.0, -2.0);
     const SampleTimeTable &axis = m_panel->axisBars()->timeTable();
     const double x0 = m_points->xAt(0, axis);
-    return QRectF(x0, lo, m_points->xAt(n - 1, axis) - x0, hi - lo);
+    // Qwt's layout for interval data: values along x, positions along y;
+    // the vertical interval curve swaps them.
+    return QRectF(lo, x0, hi - lo, m_points->xAt(n - 1, axis) - x0);
 }

@@ -55,6 +55,8 @@ Plot::Plot(PriceGraph *owner, QWidget *parent)
 
 Plot::~Plot()
 {
+    // Deleting attached items would replot from inside the teardown.
+    setAutoReplot(false);
     delete priceLines;
     priceLines = nullptr;
     if (chart)

@@ -6,6 +6,8 @@ VolumeHistogram::VolumeHistogram()
 {
     setStyle(QwtPlotHistogram::Columns);
     setBaseline(0.0);
+    // Above the grid, under the price curves when they share a panel.
+    setZ(15.0);
 }
 
 void VolumeHistogram::drawSeries(QPainter *painter, const QwtScaleMap &xMap,
