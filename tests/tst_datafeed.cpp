@@ -99,14 +99,11 @@ private Q_SLOTS:
         QCOMPARE(record->name, name);
         QCOMPARE(bool(record->intervalCurve), intervals);
         QCOMPARE(bool(record->curve), !intervals);
-        const QColor drawn = intervals ? record->intervalCurve->pen().color()
-                                       : record->curve->pen().color();
-        QCOMPARE(drawn, color);
-        QVERIFY(record->curve ? record->curve->plot() == panel
-                              : record->intervalCurve->plot() == panel);
+        QCOMPARE(intervals ? record->intervalCurve->pen().color() : record->curve->pen().color(),
+                 color);
     }
 
-    void priceAndVolumeItemsAreCreatedOnce()
+    void itemsAreCreatedOnce()
     {
         chart->AddSeries(QStringLiteral("OHLC"), 0, 0, 0, 0, false);
         chart->AddSeries(QStringLiteral("OHLC"), 0, 0, 0, 0, false);
@@ -117,6 +114,13 @@ private Q_SLOTS:
         Plot *volume = PriceGraphPrivate::allPanels(chart).at(1);
         QCOMPARE(itemCount(volume, QwtPlotItem::Rtti_PlotHistogram), 1);
         QCOMPARE(volume->volumeHistogram->brush().color(), QColor(Qt::red));
+        // An indicator added again replaces the old one and its points.
+        chart->AddSeries(QStringLiteral("MA*255"), 0, 0, 0, 0, false);
+        chart->AppendValue("MA", julian(T0), 5.0, false);
+        chart->AddSeries(QStringLiteral("MA*65280"), 0, 0, 0, 0, false);
+        QCOMPARE(main()->series(QStringLiteral("MA"))->points.size(), 0);
+        QCOMPARE(main()->series(QStringLiteral("MA"))->curve->pen().color(), QColor(0, 255, 0));
+        QCOMPARE(itemCount(main(), QwtPlotItem::Rtti_PlotCurve), 2);
     }
 
     void boundsOfEveryItemArePositionsByValues()
@@ -142,17 +146,6 @@ private Q_SLOTS:
         QCOMPARE(second->series(QStringLiteral("MA"))->curve->boundingRect(), QRectF(0, 20, 3, 3));
         QCOMPARE(second->series(QStringLiteral("H.end"))->intervalCurve->boundingRect(),
                  QRectF(0, -3, 3, 3));
-    }
-
-    void reAddingAnIndicatorReplacesIt()
-    {
-        chart->AddSeries(QStringLiteral("MA*255"), 0, 0, 0, 0, false);
-        chart->AppendValue("MA", julian(T0), 5.0, false);
-        chart->AddSeries(QStringLiteral("MA*65280"), 0, 0, 0, 0, false);
-        SeriesRecord *record = main()->series(QStringLiteral("MA"));
-        QCOMPARE(record->points.size(), 0);
-        QCOMPARE(record->curve->pen().color(), QColor(0, 255, 0));
-        QCOMPARE(itemCount(main(), QwtPlotItem::Rtti_PlotCurve), 1);
     }
 
     void barsArePlacedByTime()
@@ -237,28 +230,21 @@ private Q_SLOTS:
         QTest::ignoreMessage(QtDebugMsg, QRegularExpression(QStringLiteral("no price bar")));
         chart->AppendOHLC("volume", julian(T0 + 50 * Day), false, 0, 0, 0, 0, 9);
         QCOMPARE(volume->barCount(), 3);
+        QCOMPARE(volume->volumeHistogram->sample(1).value, 555.0);
         double low, high;
         QVERIFY(volume->valueRange(-0.5, 2.5, low, high));
-        QCOMPARE(low, 0.0);
-        QCOMPARE(high, 555.0);
-        QCOMPARE(volume->volumeHistogram->sample(1).value, 555.0);
+        QCOMPARE(QPointF(low, high), QPointF(0.0, 555.0));
         chart->ClearValues("volume");
         QCOMPARE(main()->barSeries()->volume(1), 0.0);
         QCOMPARE(main()->barSeries()->size(), 3);
-    }
-
-    void volumeBesidePricesUsesItsOwnBars()
-    {
-        chart->AddSeries(QStringLiteral("OHLC"), 0, 0, 0, 0, false);
+        // Beside prices, volume draws the panel's own bars on the hidden
+        // left axis and leaves the right axis to the prices.
         chart->AddSeries(QStringLiteral("volume"), 0, 0, 0, 0, false);
-        feedDays(2);
         chart->AppendOHLC("volume", julian(T0), false, 0, 0, 0, 0, 77);
         QCOMPARE(main()->barSeries()->volume(0), 77.0);
         QCOMPARE(main()->volumeHistogram->yAxis(), int(QwtPlot::yLeft));
-        double low, high; // prices keep the right axis to themselves
         QVERIFY(main()->valueRange(-0.5, 1.5, low, high));
-        QCOMPARE(low, 9.0);
-        QCOMPARE(high, 12.0);
+        QCOMPARE(QPointF(low, high), QPointF(9.0, 12.0));
     }
 
     void indicatorPointsSitOnTheBarsOfTheirTime()
@@ -288,11 +274,10 @@ private Q_SLOTS:
     {
         chart->AddSeries(QStringLiteral("RSI"), 0, 0, 0, 0, false);
         for (int k = 0; k < 3; ++k)
-            chart->AppendValue("RSI", julian(T0 + k * Day), 50 + k, false);
-        const QwtPlotCurve *curve = main()->series(QStringLiteral("RSI"))->curve;
-        QCOMPARE(curve->sample(2), QPointF(2.0, 52.0));
-        double low, high; // a flat or single value still gets a span
-        QVERIFY(main()->valueRange(1.5, 2.5, low, high));
+            chart->AppendValue("RSI", julian(T0 + k * Day), 52, false);
+        QCOMPARE(main()->series(QStringLiteral("RSI"))->curve->sample(2), QPointF(2.0, 52.0));
+        double low, high; // a flat range still gets a span
+        QVERIFY(main()->valueRange(-0.5, 2.5, low, high));
         QVERIFY(low < 52.0 && high > 52.0);
     }
 

@@ -337,6 +337,25 @@ void Plot::setBarSample(QwtPlotIntervalCurve *pBar, QVector<QwtIntervalSample> d
 // - an indicator answers to the text before any '*', so "MA" and "MA*255"
 //   both feed the series added as "MA*255#x".
 // Anything else is not this panel's and is ignored.
+//
+// How samples are stored (BarSeries and IndicatorSeries hold the details):
+// - one copy of every sample; the items read it through views;
+// - bars sit at x = 0, 1, 2, ... in time order; a time already present
+//   replaces its bar, an older time is inserted in order and the bars after
+//   it move one to the right;
+// - EditOHLC/EditValue change the newest sample (its time is kept) and
+//   append on an empty series;
+// - non-finite or absurd values and times are rejected with a warning and
+//   leave the data as it was;
+// - indicator points are kept by time and drawn at the x of the bar of
+//   their time (interpolated between bars);
+// - "volume" writes the volume of the bar of its time in the bars this
+//   panel's x axis counts (axisBars()): its own price bars, else the main
+//   panel's; with no price bars at all the volume samples become bars of
+//   their own. A volume for a time without a bar is dropped with a debug
+//   line (the price call carries the same volume);
+// - a call with show = true schedules one deferred flush, so a burst of
+//   samples costs one replot; show = false only stores.
 
 QString Plot::seriesBaseName(const QString &name)
 {
