@@ -55,7 +55,8 @@ private:
         for (int k = 0; k < count; ++k)
             chart->AppendOHLC("OHLC", julian(T0 + (offset + k) * Day), true, 1, 2, 0, 1, 1);
         *deferred = main()->replotCount() - before;
-        QTest::qWaitFor([&] { return main()->replotCount() > before; });
+        if (!QTest::qWaitFor([&] { return main()->replotCount() > before; }))
+            return 0;
         QCoreApplication::processEvents();
         return main()->replotCount() - before;
     }

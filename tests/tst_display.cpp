@@ -9,6 +9,7 @@
 #include "tradingcurve.h"
 
 #include <qwt_plot_curve.h>
+#include <qwt_plot_histogram.h>
 #include <qwt_plot_marker.h>
 
 namespace {
@@ -140,6 +141,11 @@ private Q_SLOTS:
         QVERIFY(!PriceGraphPrivate::allPanels(chart).at(2)->isVisible());
         chart->ShowVolume(1);
         QVERIFY(volume->isVisible());
+        // Beside prices only the columns go.
+        chart->AddSeries(QStringLiteral("volume"), 0, 0, 0, 0, false);
+        chart->ShowVolume(0);
+        QVERIFY(main()->isVisible());
+        QVERIFY(!main()->volumeHistogram->isVisible());
     }
 
     void daySeparatorsOnAMinuteChart()

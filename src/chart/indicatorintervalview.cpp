@@ -27,13 +27,10 @@ QwtIntervalSample IndicatorIntervalView::sample(size_t i) const
 
 QRectF IndicatorIntervalView::boundingRect() const
 {
-    double lo, hi;
-    const int n = m_points->size();
-    if (!m_points->bounds(lo, hi))
+    double x0, x1, lo, hi;
+    if (!m_points->extent(m_panel->axisBars()->timeTable(), x0, x1, lo, hi))
         return QRectF(1.0, 1.0, -2.0, -2.0);
-    const SampleTimeTable &axis = m_panel->axisBars()->timeTable();
-    const double x0 = m_points->xAt(0, axis);
     // Qwt's layout for interval data: values along x, positions along y;
     // the vertical interval curve swaps them.
-    return QRectF(lo, x0, hi - lo, m_points->xAt(n - 1, axis) - x0);
+    return QRectF(lo, x0, hi - lo, x1 - x0);
 }

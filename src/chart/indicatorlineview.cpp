@@ -23,11 +23,8 @@ QPointF IndicatorLineView::sample(size_t i) const
 
 QRectF IndicatorLineView::boundingRect() const
 {
-    double lo, hi;
-    const int n = m_points->size();
-    if (!m_points->bounds(lo, hi))
+    double x0, x1, lo, hi;
+    if (!m_points->extent(m_panel->axisBars()->timeTable(), x0, x1, lo, hi))
         return QRectF(1.0, 1.0, -2.0, -2.0);
-    const SampleTimeTable &axis = m_panel->axisBars()->timeTable();
-    const double x0 = m_points->xAt(0, axis);
-    return QRectF(x0, lo, m_points->xAt(n - 1, axis) - x0, hi - lo);
+    return QRectF(x0, lo, x1 - x0, hi - lo);
 }

@@ -129,10 +129,13 @@ bool IndicatorSeries::valueRange(double x1, double x2, const SampleTimeTable &ax
     return true;
 }
 
-bool IndicatorSeries::bounds(double &lo, double &hi) const
+bool IndicatorSeries::extent(const SampleTimeTable &axis, double &x0, double &x1, double &lo,
+                             double &hi) const
 {
     if (m_times.empty())
         return false;
+    x0 = xAt(0, axis);
+    x1 = xAt(size() - 1, axis);
     lo = m_min;
     hi = m_max;
     return true;

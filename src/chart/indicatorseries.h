@@ -49,9 +49,11 @@ public:
     // Lowest and highest value of the points in [x1, x2]; visits only them.
     bool valueRange(double x1, double x2, const SampleTimeTable &axis, double &lo,
                     double &hi) const;
-    // Bounds of every value stored since the last clear (kept up to date in
-    // O(1); may be wider than the data after a replace).
-    bool bounds(double &lo, double &hi) const;
+    // x of the first and last point and the bounds of every value stored
+    // since the last clear (O(1) for the values; they may be wider than the
+    // data after a replace). False when empty.
+    bool extent(const SampleTimeTable &axis, double &x0, double &x1, double &lo,
+                double &hi) const;
 
 private:
     bool validate(const char *what, double time, double low, double value) const;

@@ -442,7 +442,7 @@ void Plot::AddSeries(QString name, long)
         volumeHistogram->attach(this);
         volumeHistogram->setVisible(true);
         if (!m_showVolume)
-            hide(); // a volume panel follows the chart's volume switch
+            showVolume(false); // follows the chart's volume switch
         return;
     }
 
@@ -718,10 +718,16 @@ bool Plot::hasSeries()
     return tradingCurve || volumeHistogram || !seriesByName.isEmpty();
 }
 
+// A volume panel is shown or hidden whole; beside a price series only the
+// volume columns are, so the prices never vanish with the volume.
 void Plot::showVolume(bool bShow)
 {
     m_showVolume = bShow;
-    if (volumeHistogram)
+    if (!volumeHistogram)
+        return;
+    if (tradingCurve)
+        showItem(volumeHistogram, bShow);
+    else
         setVisible(bShow);
 }
 

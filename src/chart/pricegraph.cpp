@@ -209,7 +209,7 @@ long PriceGraph::AddSeries(QString name, long type, long panel, long, long, bool
     Plot *p = d->panels.at(int(panel));
     p->AddSeries(name, type);
     // A volume panel stays hidden while the chart's volume switch is off.
-    p->setVisible(!p->volumeHistogram || p->m_showVolume);
+    p->setVisible(!p->volumeHistogram || p->tradingCurve || p->m_showVolume);
     p->setAxisFont(QwtPlot::xBottom, font());
     p->setAxisFont(QwtPlot::yRight, font());
     return panel;
