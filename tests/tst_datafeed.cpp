@@ -163,6 +163,12 @@ private Q_SLOTS:
             QVERIFY(i == 0 || bars->time(i) > bars->time(i - 1));
         }
         QCOMPARE(bars->high(2), 50.0);
+        double low, high; // the range index follows inserts and replaces
+        QVERIFY(main()->valueRange(-1, 10, low, high));
+        QCOMPARE(QPointF(low, high), QPointF(0.5, 50.0));
+        chart->AppendOHLC("OHLC", julian(T0 + 2 * Day), false, 1, 3, 0.5, 2, 10);
+        QVERIFY(main()->valueRange(-1, 10, low, high));
+        QCOMPARE(high, 5.0); // the close of the newest bar
     }
 
     void badInputLeavesTheDataIntact_data()
