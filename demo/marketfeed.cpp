@@ -44,8 +44,17 @@ void MarketFeed::load(const QVector<Bar> &data, double intervalMs, int decimals)
     bars = data;
     intervalDays = intervalMs / 86400000.0;
     priceDecimals = decimals;
-    ticks = 0;
+    ticks = ticksPerBar - 1;    // the history is closed: the first tick opens a bar
     chart->SetInterval(intervalMs);
+    // Simulated ticks move and trade like the recent bars did.
+    double range = 0.0, traded = 0.0;
+    const int recent = qMin(50, bars.size());
+    for (int i = bars.size() - recent; i < bars.size(); ++i) {
+        range += bars[i].high - bars[i].low;
+        traded += double(bars[i].volume);
+    }
+    tickStep = recent ? range / recent / std::sqrt(double(ticksPerBar)) : 0.0;
+    tickVolume = recent ? traded / recent / ticksPerBar : 0.0;
     for (int i = 0; i < bars.size(); ++i)
         sendBar(i, true, i == bars.size() - 1);
     if (!bars.isEmpty()) {
@@ -78,13 +87,12 @@ void MarketFeed::tick()
         sendBar(bars.size() - 1, true, true);
     }
     Bar &b = bars.last();
-    // A random walk in steps of a few hundredths of a percent.
-    const double step = b.close * 0.0004 * (random.generateDouble() * 2.0 - 1.0);
+    const double step = tickStep * (random.generateDouble() * 2.0 - 1.0);
     const double unit = std::pow(10.0, priceDecimals);
     b.close = std::round((b.close + step) * unit) / unit;
     b.high = std::max(b.high, b.close);
     b.low = std::min(b.low, b.close);
-    b.volume += 1 + random.bounded(100);
+    b.volume += qint64(tickVolume * (0.5 + random.generateDouble()));
     sendBar(bars.size() - 1, false, true);
     chart->updateL1(b.close, b.close, priceDecimals, 0);
     chart->DrawTickLine(b.close, 0);

@@ -46,6 +46,8 @@ private:
     int priceDecimals = 2;
     int ticks = 0;
     int ticksPerBar = 20;
+    double tickStep = 0.0;      // largest price move of one tick
+    double tickVolume = 0.0;    // typical volume of one tick
     QRandomGenerator random{20260101};
     QTimer timer;
 };
