@@ -73,6 +73,13 @@ QString num(double v)
     return std::isnan(v) ? QStringLiteral("nan") : QString::number(v, 'g', 6);
 }
 
+// Kept out of line so that a profiler can collect just this.
+__attribute__((noinline)) void profiledSection(const std::function<void()> &work, int iterations)
+{
+    for (int i = 0; i < iterations; ++i)
+        work();
+}
+
 } // namespace
 
 QString RunResult::keyValueLine() const
@@ -320,5 +327,61 @@ int BenchRunner::memoryChild(const QString &lib, int count)
                 "bytes_per_bar=%.2f\n",
                 qPrintable(lib), count, emptyKb, loadedKb, statusKb("VmRSS"),
                 double(loadedKb - emptyKb) * 1024.0 / count);
+    return 0;
+}
+
+int BenchRunner::profile(const QString &workload, int count, int iterations)
+{
+    const QString lib = m_options.libs.value(0);
+    const QVector<Bar> bars = BarFeed::make(count);
+    std::unique_ptr<ChartAdapter> chart = create(lib);
+    if (!chart)
+        return 2;
+    QImage image = chart->makeImage();
+    std::function<void()> work;
+    if (workload == QLatin1String("load") || workload == QLatin1String("load-show")) {
+        // One whole load; the chart is made outside the profiled part.
+        const bool showEach = workload == QLatin1String("load-show");
+        iterations = 1;
+        work = [&] {
+            for (int i = 0; i < bars.size(); ++i)
+                chart->append(bars[i], showEach || i == bars.size() - 1);
+            chart->finishLoad();
+            chart->render(image);
+        };
+    } else {
+        for (int i = 0; i < bars.size(); ++i)
+            chart->append(bars[i], i == bars.size() - 1);
+        chart->finishLoad();
+        const double viewBars = chart->viewNewest(200.0);
+        BarFeed ticks(7);
+        Bar last = bars.last();
+        if (workload == QLatin1String("frame")) {
+            work = [&] { chart->replot(); chart->render(image); };
+        } else if (workload == QLatin1String("wide")) {
+            chart->viewWidest(800.0);
+            work = [&] { chart->replot(); chart->render(image); };
+        } else if (workload == QLatin1String("tick")) {
+            work = [&] {
+                last = ticks.tick(last);
+                chart->editLast(last);
+                chart->render(image);
+            };
+        } else if (workload == QLatin1String("pan")) {
+            chart->viewMiddle(viewBars);
+            work = [&] { chart->step(1); chart->render(image); };
+        } else {
+            std::fprintf(stderr, "unknown workload %s\n", qPrintable(workload));
+            return 1;
+        }
+        // Warm caches outside the profiled part.
+        for (int i = 0; i < 3; ++i)
+            work();
+    }
+    const Clock::time_point t0 = Clock::now();
+    profiledSection(work, iterations);
+    std::printf("profile lib=%s bars=%d workload=%s iterations=%d us_per_iteration=%.1f\n",
+                qPrintable(lib), count, qPrintable(workload), iterations,
+                secondsSince(t0) * 1e6 / iterations);
     return 0;
 }

@@ -60,6 +60,10 @@ public:
     // can be given the same number of bars in view.
     QVector<RunResult> runSize(int bars);
 
+    // One workload, a fixed number of times, for an instruction profiler:
+    // valgrind --tool=callgrind --toggle-collect='*profiledSection*' ...
+    int profile(const QString &workload, int bars, int iterations);
+
     // Child-process entry: loads `bars` bars into `lib` and prints the peak
     // RSS over the empty chart (a fresh process keeps earlier runs out).
     static int memoryChild(const QString &lib, int bars);

@@ -23,6 +23,10 @@ void usage()
         "  --min-batch SEC    shortest frame/tick batch (default 0.25)\n"
         "  --load-limit SEC   abandon a load slower than this (default 30)\n"
         "  --no-memory        skip the memory runs (child processes)\n"
+        "  --profile W        run workload W (frame, wide, tick, pan, load, load-show)\n"
+        "                     of the first library at the first size, --iters times,\n"
+        "                     for valgrind --tool=callgrind --toggle-collect='*profiledSection*'\n"
+        "  --iters K          iterations of --profile (default 20)\n"
         "  --quick            smoke run: 1000,10000 bars, 2 reps, short batches\n",
         qPrintable(BenchRunner::availableLibraries().join(QLatin1Char(','))));
 }
@@ -171,6 +175,8 @@ int main(int argc, char **argv)
         return BenchRunner::memoryChild(args.value(2), args.value(3).toInt());
 
     BenchOptions options;
+    QString profileWorkload;
+    int profileIterations = 20;
     options.libs = BenchRunner::availableLibraries();
     for (int i = 1; i < args.size(); ++i) {
         const QString a = args[i];
@@ -190,6 +196,10 @@ int main(int argc, char **argv)
             options.minBatchSeconds = takeValue().toDouble();
         } else if (a == QLatin1String("--load-limit")) {
             options.loadLimitSeconds = takeValue().toDouble();
+        } else if (a == QLatin1String("--profile")) {
+            profileWorkload = takeValue();
+        } else if (a == QLatin1String("--iters")) {
+            profileIterations = qMax(1, takeValue().toInt());
         } else if (a == QLatin1String("--no-memory")) {
             options.memory = false;
         } else if (a == QLatin1String("--quick")) {
@@ -212,6 +222,10 @@ int main(int argc, char **argv)
     // Ours runs first: the peers get the same number of bars in view.
     if (options.libs.removeAll(QStringLiteral("pricegraph")))
         options.libs.prepend(QStringLiteral("pricegraph"));
+
+    if (!profileWorkload.isEmpty())
+        return BenchRunner(options).profile(profileWorkload, options.sizes.value(0),
+                                            profileIterations);
 
     std::printf("config platform=%s qt=%s sizes=%d reps=%d libs=%s\n",
                 qPrintable(QGuiApplication::platformName()), qVersion(),
