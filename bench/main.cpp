@@ -92,8 +92,9 @@ void printTable(int bars, int reps, const QVector<RunResult> &results)
     std::printf("%s\n", qPrintable(head));
     for (const Metric &m : Metrics) {
         QString label = QString::fromLatin1(m.label);
-        if (label.contains(QLatin1String("%1")) && ours) {
-            const double v = m.field == &RunResult::frameMs ? ours->viewBars : ours->viewWideBars;
+        if (label.contains(QLatin1String("%1"))) {
+            const RunResult &first = ours ? *ours : results.first();
+            const double v = m.field == &RunResult::frameMs ? first.viewBars : first.viewWideBars;
             label = label.arg(std::isnan(v) ? QStringLiteral("?") : QString::number(v, 'f', 0));
         }
         QString line = label.leftJustified(34);
@@ -126,8 +127,10 @@ void printBudget(const QMap<int, QVector<RunResult>> &all)
     };
     const int largest = all.lastKey();
     const RunResult *ours = find(largest, "pricegraph");
-    if (!ours)
+    if (!ours) {
+        std::printf("\n");
         return;
+    }
     std::printf("\nBudget, %s bars%s\n", qPrintable(grouped(largest)),
                 largest == 1000000 ? "" : " (the budget is set for 1,000,000)");
     auto check = [](const char *what, double v, bool ok, const char *limit) {
