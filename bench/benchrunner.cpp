@@ -380,8 +380,13 @@ int BenchRunner::profile(const QString &workload, int count, int iterations)
     }
     const Clock::time_point t0 = Clock::now();
     profiledSection(work, iterations);
+    const double seconds = secondsSince(t0);
+    if (!m_options.saveImage.isEmpty()) {
+        chart->render(image);
+        image.save(m_options.saveImage);
+    }
     std::printf("profile lib=%s bars=%d workload=%s iterations=%d us_per_iteration=%.1f\n",
                 qPrintable(lib), count, qPrintable(workload), iterations,
-                secondsSince(t0) * 1e6 / iterations);
+                seconds * 1e6 / iterations);
     return 0;
 }

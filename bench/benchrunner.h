@@ -43,6 +43,7 @@ struct BenchOptions
     double panMaxSeconds = 3.0;     // slow libraries pan fewer steps
     double loadLimitSeconds = 30.0; // a load slower than this is abandoned
     bool memory = true;
+    QString saveImage;              // --profile: the last frame, to compare drawings
 };
 
 // Runs the workloads of every library on the same bars.

@@ -46,6 +46,11 @@ public:
     // Renders the whole window into `image` (which matches its size).
     void render(QImage &image);
     QImage makeImage();
+
+protected:
+    // Keeps the event loop from painting `window` into its own backing
+    // store, so that every measured step paints exactly once: in render().
+    static void paintOnlyOnRender(QWidget *window);
 };
 
 #endif // CHARTADAPTER_H

@@ -27,6 +27,7 @@ void usage()
         "                     of the first library at the first size, --iters times,\n"
         "                     for valgrind --tool=callgrind --toggle-collect='*profiledSection*'\n"
         "  --iters K          iterations of --profile (default 20)\n"
+        "  --save FILE        --profile: write the last frame to FILE (PNG)\n"
         "  --quick            smoke run: 1000,10000 bars, 2 reps, short batches\n",
         qPrintable(BenchRunner::availableLibraries().join(QLatin1Char(','))));
 }
@@ -203,6 +204,8 @@ int main(int argc, char **argv)
             profileWorkload = takeValue();
         } else if (a == QLatin1String("--iters")) {
             profileIterations = qMax(1, takeValue().toInt());
+        } else if (a == QLatin1String("--save")) {
+            options.saveImage = takeValue();
         } else if (a == QLatin1String("--no-memory")) {
             options.memory = false;
         } else if (a == QLatin1String("--quick")) {

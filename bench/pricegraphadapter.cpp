@@ -8,9 +8,9 @@
 PriceGraphAdapter::PriceGraphAdapter()
     : m_chart(new PriceGraph)
 {
-    // Laid out and "visible" for Qt, but never put on a screen: only the
-    // explicit render() paints, so nothing is painted twice.
+    // Laid out and "visible" for Qt, but never put on a screen.
     m_chart->setAttribute(Qt::WA_DontShowOnScreen);
+    paintOnlyOnRender(m_chart);
     m_chart->resize(1600, 900);
     m_chart->SetInterval(60000);
     m_chart->AddSeries(QStringLiteral("OHLC"), 0, 0, 0, 0, false);

@@ -46,6 +46,7 @@ QCustomPlotAdapter::QCustomPlotAdapter()
     : m_plot(new QCustomPlot)
 {
     m_plot->setAttribute(Qt::WA_DontShowOnScreen);
+    paintOnlyOnRender(m_plot);
     // Candles and bars are axis-aligned rectangles: antialiasing only blurs
     // them and costs time, so careful programs switch it off.
     m_plot->setNotAntialiasedElements(QCP::aeAll);

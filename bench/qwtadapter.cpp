@@ -55,6 +55,7 @@ QwtAdapter::QwtAdapter()
     : m_window(new QWidget)
 {
     m_window->setAttribute(Qt::WA_DontShowOnScreen);
+    paintOnlyOnRender(m_window);
     auto *layout = new QVBoxLayout(m_window);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(2);
