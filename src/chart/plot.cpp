@@ -3,6 +3,7 @@
 #include "barseries.h"
 #include "chartevents.h"
 #include "datescaledraw.h"
+#include "plotgrid.h"
 #include "plotnavigator.h"
 #include "plotpricelinesdata.h"
 #include "pricegraph.h"
@@ -86,7 +87,7 @@ void Plot::setup()
     setTextColor(QColor(QStringLiteral("#bbbbbb")));
     setAxisScaleDraw(QwtPlot::yRight, new ScaleDrawWithPrecision(this));
 
-    grid = new QwtPlotGrid;
+    grid = new PlotGrid;
     grid->attach(this);
     grid->setAxes(QwtPlot::xBottom, QwtPlot::yRight);
     gridColor = QColor(34, 34, 34);
