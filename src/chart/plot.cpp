@@ -3,6 +3,7 @@
 #include "barseries.h"
 #include "chartevents.h"
 #include "datescaledraw.h"
+#include "plotcanvas.h"
 #include "plotgrid.h"
 #include "plotnavigator.h"
 #include "plotpricelinesdata.h"
@@ -44,6 +45,7 @@ Plot::Plot(PriceGraph *owner, QWidget *parent)
     : QwtPlot(parent)
     , chart(owner)
 {
+    setCanvas(new PlotCanvas(this));
     // Colours start invalid; setup gives the panel its defaults.
     priceLines = new PlotPriceLinesData(this);
     bars = new BarSeries;
