@@ -41,7 +41,7 @@ struct BenchOptions
     int panSteps = 100;
     double minBatchSeconds = 0.25;  // frame and tick batches run at least this long
     double panMaxSeconds = 3.0;     // slow libraries pan fewer steps
-    double loadLimitSeconds = 30.0; // a load slower than this is abandoned
+    double loadLimitSeconds = 10.0; // a load slower than this is abandoned
     bool memory = true;
     QString saveImage;              // --profile: the last frame, to compare drawings
 };

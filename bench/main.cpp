@@ -21,7 +21,7 @@ void usage()
         "  --libs a[,b...]    libraries to run (default: all built: %s)\n"
         "  --pan-steps S      one-bar steps per pan repetition (default 100)\n"
         "  --min-batch SEC    shortest frame/tick batch (default 0.25)\n"
-        "  --load-limit SEC   abandon a load slower than this (default 30)\n"
+        "  --load-limit SEC   abandon a load slower than this (default 10)\n"
         "  --no-memory        skip the memory runs (child processes)\n"
         "  --profile W        run workload W (frame, wide, tick, pan, load, load-show)\n"
         "                     of the first library at the first size, --iters times,\n"
