@@ -12,9 +12,11 @@ PriceGraphAdapter::PriceGraphAdapter()
     m_chart->setAttribute(Qt::WA_DontShowOnScreen);
     paintOnlyOnRender(m_chart);
     m_chart->resize(1600, 900);
-    m_chart->SetInterval(60000);
     m_chart->AddSeries(QStringLiteral("OHLC"), 0, 0, 0, 0, false);
     m_chart->AddSeries(QStringLiteral("volume"), 0, 1, 0, 0, false);
+    // After the panels exist: the interval is handed to the panels there are
+    // (it turns on the day separators).
+    m_chart->SetInterval(60000);
     m_chart->SetcandleChart(1);
     m_chart->show();
     QCoreApplication::processEvents();
