@@ -134,7 +134,7 @@ void Plot::setBackgroundColor(const QColor &c)
 void Plot::setTextColor(const QColor &c)
 {
     textColor = c;
-    auto *bottom = static_cast<ColorScaleDraw *>(axisScaleDraw(QwtPlot::xBottom));
+    auto *bottom = dynamic_cast<ColorScaleDraw *>(axisScaleDraw(QwtPlot::xBottom));
     auto *right = dynamic_cast<ColorScaleDraw *>(axisScaleDraw(QwtPlot::yRight));
     const bool reset = c == QColor(187, 187, 187);
     for (ColorScaleDraw *draw : {bottom, right}) {
@@ -193,7 +193,9 @@ void Plot::setPriceLineColor(const QColor &c)
 
 int Plot::priceDecimals() const
 {
-    return chart ? PriceGraphPrivate::decimals(chart) : -1;
+    // The host's decimals are stored as given; labels never print more than
+    // 12 (a double holds no more), so a wild value cannot blow up a format.
+    return chart ? qMin(PriceGraphPrivate::decimals(chart), 12) : -1;
 }
 
 // ---- styles and export -----------------------------------------------------
