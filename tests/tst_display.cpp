@@ -180,6 +180,16 @@ private Q_SLOTS:
         QCOMPARE(attachedSeparators(), QList<double>());
     }
 
+    void intervalGivenBeforeTheFirstPanelSticks()
+    {
+        // Hosts often configure the chart before feeding it.
+        chart->SetInterval(Minute);
+        chart->AddSeries(QStringLiteral("OHLC"), 0, 0, 0, 0, false);
+        chart->AddSeries(QStringLiteral("volume"), 0, 1, 0, 0, false);
+        for (Plot *p : PriceGraphPrivate::allPanels(chart))
+            QCOMPARE(p->getInterval(), Minute);
+    }
+
     void noDaySeparatorsOnADailyChart()
     {
         chart->AddSeries(QStringLiteral("OHLC"), 0, 0, 0, 0, false);

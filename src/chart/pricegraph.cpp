@@ -66,6 +66,7 @@ long PriceGraph::AddChartPanel()
     QMutexLocker locker(d->mutex);
     Plot *panel = new Plot(this);
     panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    panel->setInterval(d->interval);
     d->panels.append(panel);
     d->splitter->addWidget(panel);
     resetLayout();
@@ -371,6 +372,7 @@ void PriceGraph::SetInterval(double interval)
         qWarning("PriceGraph::SetInterval() ignored a non-finite interval.");
         return;
     }
+    d->interval = interval;
     const QList<Plot *> panels = d->panels;
     for (Plot *p : panels) {
         p->setInterval(interval);

@@ -52,6 +52,9 @@ public:
     int l1Extra = 0;
     double l1DecimalFix;            // 1 / 10^(decimals + 2)
 
+    // Bar interval last given to SetInterval; panels added later take it,
+    // so a host may set it before its first series.
+    double interval = 0.0;
     ZoomButtons *zoomButtons = nullptr;  // right end of the scroll-bar row
     QPointer<QWidget> scrollRow;        // the row under the panels (rebuilt by ResetSplitter)
 
