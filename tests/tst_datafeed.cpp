@@ -3,10 +3,8 @@
 #include <QtTest>
 
 #include "barseries.h"
+#include "charttesthelpers.h"
 #include "indicatorseries.h"
-#include "plot.h"
-#include "pricegraph.h"
-#include "pricegraphprivate.h"
 #include "seriesrecord.h"
 #include "tradingcurve.h"
 
@@ -17,10 +15,10 @@
 
 #include <cmath>
 
+using charttest::Day;
+using charttest::julian;
+
 namespace {
-// Julian date of a plotting time (ms since 1970), as a host writes it.
-double julian(double ms) { return 2440587.5 + ms / 86400000.0; }
-const double Day = 86400000.0;
 const double T0 = 1577836800000.0; // 2020-01-01 00:00 UTC
 
 int itemCount(Plot *p, int rtti)
@@ -38,7 +36,7 @@ class tst_DataFeed : public QObject
 
 private:
     PriceGraph *chart = nullptr;
-    Plot *main() { return PriceGraphPrivate::mainPanel(chart); }
+    Plot *main() { return charttest::mainPanel(chart); }
     // Bars at T0 + k days with close = 10 + k.
     void feedDays(int count, const char *name = "OHLC")
     {
@@ -64,8 +62,7 @@ private:
 private Q_SLOTS:
     void init()
     {
-        chart = new PriceGraph;
-        chart->resize(800, 600);
+        chart = charttest::newChart();
     }
     void cleanup()
     {

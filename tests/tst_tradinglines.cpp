@@ -8,6 +8,7 @@
 #include <qwt_scale_widget.h>
 
 #include "chartevents.h"
+#include "charttesthelpers.h"
 #include "linelabeltext.h"
 #include "orderline.h"
 #include "orderlinebutton.h"
@@ -99,10 +100,9 @@ private:
 private Q_SLOTS:
     void init()
     {
-        chart = new Chart;
+        chart = charttest::newChart<Chart>();
         entry = new OrderEntry;
         chart->setOrderEntry(entry);
-        chart->resize(800, 600);
         chart->AddSeries(QStringLiteral("OHLC"), 0, 0, 0, 0, false);
         for (int i = 0; i < 60; ++i) {
             const double base = 1.20 + 0.001 * (i % 50);
