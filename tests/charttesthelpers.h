@@ -27,6 +27,23 @@ Chart *newChart()
 
 inline Plot *mainPanel(PriceGraph *chart) { return PriceGraphPrivate::mainPanel(chart); }
 
+// The chart of one test function, for a test class to inherit beside
+// QObject: makeChart() in init(), dropChart() in cleanup().
+template <class Chart = PriceGraph>
+class ChartFixture
+{
+protected:
+    void makeChart() { chart = newChart<Chart>(); }
+    void dropChart()
+    {
+        delete chart;
+        chart = nullptr;
+    }
+    Plot *main() const { return mainPanel(chart); }
+
+    Chart *chart = nullptr;
+};
+
 } // namespace charttest
 
 #endif // CHARTTESTHELPERS_H

@@ -30,13 +30,11 @@ int itemCount(Plot *p, int rtti)
 }
 } // namespace
 
-class tst_DataFeed : public QObject
+class tst_DataFeed : public QObject, protected charttest::ChartFixture<>
 {
     Q_OBJECT
 
 private:
-    PriceGraph *chart = nullptr;
-    Plot *main() { return charttest::mainPanel(chart); }
     // Bars at T0 + k days with close = 10 + k.
     void feedDays(int count, const char *name = "OHLC")
     {
@@ -60,15 +58,8 @@ private:
     }
 
 private Q_SLOTS:
-    void init()
-    {
-        chart = charttest::newChart();
-    }
-    void cleanup()
-    {
-        delete chart;
-        chart = nullptr;
-    }
+    void init() { makeChart(); }
+    void cleanup() { dropChart(); }
 
     void indicatorNames_data()
     {

@@ -18,13 +18,11 @@ namespace {
 const double T0 = 1584057600000.0; // 2020-03-13 00:00 UTC
 } // namespace
 
-class tst_Display : public QObject
+class tst_Display : public QObject, protected charttest::ChartFixture<>
 {
     Q_OBJECT
 
 private:
-    PriceGraph *chart = nullptr;
-    Plot *main() { return charttest::mainPanel(chart); }
     QList<double> attachedSeparators()
     {
         QList<double> xs;
@@ -36,15 +34,8 @@ private:
     }
 
 private Q_SLOTS:
-    void init()
-    {
-        chart = charttest::newChart();
-    }
-    void cleanup()
-    {
-        delete chart;
-        chart = nullptr;
-    }
+    void init() { makeChart(); }
+    void cleanup() { dropChart(); }
 
     void chartStyle_data()
     {

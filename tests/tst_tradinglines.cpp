@@ -68,12 +68,11 @@ public:
     }
 };
 
-class tst_TradingLines : public QObject
+class tst_TradingLines : public QObject, protected charttest::ChartFixture<Chart>
 {
     Q_OBJECT
 
 private:
-    Chart *chart = nullptr;
     OrderEntry *entry = nullptr;
 
     Plot *panel() const { return chart->GetMainPanel(); }
@@ -100,7 +99,7 @@ private:
 private Q_SLOTS:
     void init()
     {
-        chart = charttest::newChart<Chart>();
+        makeChart();
         entry = new OrderEntry;
         chart->setOrderEntry(entry);
         chart->AddSeries(QStringLiteral("OHLC"), 0, 0, 0, 0, false);
@@ -118,8 +117,7 @@ private Q_SLOTS:
 
     void cleanup()
     {
-        delete chart; // with its lines still on the panel
-        chart = nullptr;
+        dropChart(); // with its lines still on the panel
         delete entry;
         entry = nullptr;
     }
