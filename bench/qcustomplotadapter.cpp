@@ -1,11 +1,8 @@
 #include "qcustomplotadapter.h"
 
 #include <QCoreApplication>
-#include <QDateTime>
 
 #include <qcustomplot.h>
-
-#include <cmath>
 
 namespace {
 
@@ -18,11 +15,7 @@ public:
 protected:
     QString getTickLabel(double tick, const QLocale &, QChar, int) override
     {
-        const int i = int(std::lround(tick));
-        if (i < 0 || i >= m_times->size())
-            return QString();
-        return QDateTime::fromMSecsSinceEpoch(qint64((*m_times)[i]), Qt::UTC)
-            .toString(QStringLiteral("dd.MM hh:mm"));
+        return DirectRangeAdapter::timeLabel(*m_times, tick);
     }
 
 private:
@@ -43,7 +36,8 @@ void styleRect(QCPAxisRect *rect)
 } // namespace
 
 QCustomPlotAdapter::QCustomPlotAdapter()
-    : m_plot(new QCustomPlot)
+    : DirectRangeAdapter(-0.5) // the newest candle at the right edge
+    , m_plot(new QCustomPlot)
 {
     m_plot->setAttribute(Qt::WA_DontShowOnScreen);
     paintOnlyOnRender(m_plot);
@@ -95,20 +89,13 @@ QWidget *QCustomPlotAdapter::widget()
     return m_plot;
 }
 
-void QCustomPlotAdapter::setView(double lower, double upper)
+void QCustomPlotAdapter::applyView(double lower, double upper)
 {
-    m_lower = lower;
     m_plot->axisRect()->axis(QCPAxis::atBottom)->setRange(lower, upper);
     m_volumeRect->axis(QCPAxis::atBottom)->setRange(lower, upper);
     // Value ranges over the keys in view (binary search in the containers).
     m_candles->rescaleValueAxis(false, true);
     m_bars->rescaleValueAxis(false, true);
-}
-
-void QCustomPlotAdapter::followNewest()
-{
-    const double n = m_times.size();
-    setView(n - m_viewBars - 0.5, n - 0.5);
 }
 
 void QCustomPlotAdapter::append(const Bar &b, bool show)
@@ -147,31 +134,4 @@ void QCustomPlotAdapter::replot()
     // Draws the layers now; the widget repaint is left to the render that
     // follows (an immediate refresh would paint the buffers twice).
     m_plot->replot(QCustomPlot::rpQueuedRefresh);
-}
-
-double QCustomPlotAdapter::viewNewest(double bars)
-{
-    m_viewBars = bars;
-    followNewest();
-    replot();
-    return bars;
-}
-
-double QCustomPlotAdapter::viewWidest(double bars)
-{
-    return viewNewest(bars);
-}
-
-void QCustomPlotAdapter::viewMiddle(double bars)
-{
-    m_viewBars = bars;
-    const double mid = m_times.size() / 2;
-    setView(mid - bars / 2 - 0.5, mid + bars / 2 - 0.5);
-    replot();
-}
-
-void QCustomPlotAdapter::step(int direction)
-{
-    setView(m_lower + direction, m_lower + direction + m_viewBars);
-    replot();
 }

@@ -1,9 +1,7 @@
 #ifndef QCUSTOMPLOTADAPTER_H
 #define QCUSTOMPLOTADAPTER_H
 
-#include "chartadapter.h"
-
-#include <QVector>
+#include "directrangeadapter.h"
 
 class QCPAxisRect;
 class QCPBars;
@@ -14,7 +12,7 @@ class QCustomPlot;
 // rect, QCPBars volume in a second one, data appended to the plottables'
 // containers and edited in place, ranges set per view, replot with a queued
 // refresh (the explicit render does the painting).
-class QCustomPlotAdapter : public ChartAdapter
+class QCustomPlotAdapter : public DirectRangeAdapter
 {
 public:
     QCustomPlotAdapter();
@@ -26,22 +24,15 @@ public:
     void finishLoad() override;
     void editLast(const Bar &bar) override;
     void replot() override;
-    double viewNewest(double bars) override;
-    double viewWidest(double bars) override;
-    void viewMiddle(double bars) override;
-    void step(int direction) override;
+
+protected:
+    void applyView(double lower, double upper) override;
 
 private:
-    void setView(double lower, double upper);
-    void followNewest();
-
     QCustomPlot *m_plot;
     QCPAxisRect *m_volumeRect;
     QCPFinancial *m_candles;
     QCPBars *m_bars;
-    QVector<double> m_times;
-    double m_viewBars = 200.0;
-    double m_lower = 0.0;
 };
 
 #endif // QCUSTOMPLOTADAPTER_H

@@ -1,6 +1,5 @@
 #include "qwtadapter.h"
 
-#include <QDateTime>
 #include <QVBoxLayout>
 #include <QWidget>
 
@@ -24,11 +23,7 @@ public:
     explicit IndexTimeScaleDraw(const QVector<double> *times) : m_times(times) {}
     QwtText label(double v) const override
     {
-        const int i = int(std::lround(v));
-        if (i < 0 || i >= m_times->size())
-            return QwtText();
-        return QDateTime::fromMSecsSinceEpoch(qint64((*m_times)[i]), Qt::UTC)
-            .toString(QStringLiteral("dd.MM hh:mm"));
+        return DirectRangeAdapter::timeLabel(*m_times, v);
     }
 
 private:
@@ -52,7 +47,8 @@ QwtPlot *makePlot(QWidget *parent)
 } // namespace
 
 QwtAdapter::QwtAdapter()
-    : m_window(new QWidget)
+    : DirectRangeAdapter(0.5) // a bar of room right of the newest candle
+    , m_window(new QWidget)
 {
     m_window->setAttribute(Qt::WA_DontShowOnScreen);
     paintOnlyOnRender(m_window);
@@ -98,9 +94,8 @@ void QwtAdapter::handOver()
     m_histogram->setSamples(m_volumes);
 }
 
-void QwtAdapter::setView(double lower, double upper)
+void QwtAdapter::applyView(double lower, double upper)
 {
-    m_lower = lower;
     m_price->setAxisScale(QwtPlot::xBottom, lower, upper);
     m_volume->setAxisScale(QwtPlot::xBottom, lower, upper);
     // Prices and volumes of the bars in view set the vertical scales.
@@ -118,12 +113,6 @@ void QwtAdapter::setView(double lower, double upper)
     }
     m_price->setAxisScale(QwtPlot::yRight, lo, hi);
     m_volume->setAxisScale(QwtPlot::yRight, 0.0, vol);
-}
-
-void QwtAdapter::followNewest()
-{
-    const double n = m_ohlc.size();
-    setView(n - m_viewBars + 0.5, n + 0.5);
 }
 
 void QwtAdapter::append(const Bar &b, bool show)
@@ -163,31 +152,4 @@ void QwtAdapter::replot()
 {
     m_price->replot();
     m_volume->replot();
-}
-
-double QwtAdapter::viewNewest(double bars)
-{
-    m_viewBars = bars;
-    followNewest();
-    replot();
-    return bars;
-}
-
-double QwtAdapter::viewWidest(double bars)
-{
-    return viewNewest(bars);
-}
-
-void QwtAdapter::viewMiddle(double bars)
-{
-    m_viewBars = bars;
-    const double mid = m_ohlc.size() / 2;
-    setView(mid - bars / 2 + 0.5, mid + bars / 2 + 0.5);
-    replot();
-}
-
-void QwtAdapter::step(int direction)
-{
-    setView(m_lower + direction, m_lower + direction + m_viewBars);
-    replot();
 }

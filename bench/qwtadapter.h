@@ -1,7 +1,7 @@
 #ifndef QWTADAPTER_H
 #define QWTADAPTER_H
 
-#include "chartadapter.h"
+#include "directrangeadapter.h"
 
 #include <QVector>
 
@@ -14,7 +14,7 @@ class QwtPlotTradingCurve;
 // Plain Qwt as most Qwt programs use it: a QwtPlotTradingCurve over a
 // QwtPlotHistogram in a second plot, the whole sample vectors handed over
 // with setSamples on every change, the view set with setAxisScale.
-class QwtAdapter : public ChartAdapter
+class QwtAdapter : public DirectRangeAdapter
 {
 public:
     QwtAdapter();
@@ -26,15 +26,12 @@ public:
     void finishLoad() override;
     void editLast(const Bar &bar) override;
     void replot() override;
-    double viewNewest(double bars) override;
-    double viewWidest(double bars) override;
-    void viewMiddle(double bars) override;
-    void step(int direction) override;
+
+protected:
+    void applyView(double lower, double upper) override;
 
 private:
     void handOver();
-    void setView(double lower, double upper);
-    void followNewest();
 
     QWidget *m_window;
     QwtPlot *m_price;
@@ -43,9 +40,6 @@ private:
     QwtPlotHistogram *m_histogram;
     QVector<QwtOHLCSample> m_ohlc;
     QVector<QwtIntervalSample> m_volumes;
-    QVector<double> m_times;
-    double m_viewBars = 200.0;
-    double m_lower = 0.0;
 };
 
 #endif // QWTADAPTER_H

@@ -3,10 +3,8 @@
 #include <QtTest>
 
 #include "barseries.h"
+#include "charttesthelpers.h"
 #include "indicatorseries.h"
-#include "plot.h"
-#include "pricegraph.h"
-#include "pricegraphprivate.h"
 #include "seriesrecord.h"
 #include "tradingcurve.h"
 
@@ -17,10 +15,10 @@
 
 #include <cmath>
 
+using charttest::Day;
+using charttest::julian;
+
 namespace {
-// Julian date of a plotting time (ms since 1970), as a host writes it.
-double julian(double ms) { return 2440587.5 + ms / 86400000.0; }
-const double Day = 86400000.0;
 const double T0 = 1577836800000.0; // 2020-01-01 00:00 UTC
 
 int itemCount(Plot *p, int rtti)
@@ -32,13 +30,11 @@ int itemCount(Plot *p, int rtti)
 }
 } // namespace
 
-class tst_DataFeed : public QObject
+class tst_DataFeed : public QObject, protected charttest::ChartFixture<>
 {
     Q_OBJECT
 
 private:
-    PriceGraph *chart = nullptr;
-    Plot *main() { return PriceGraphPrivate::mainPanel(chart); }
     // Bars at T0 + k days with close = 10 + k.
     void feedDays(int count, const char *name = "OHLC")
     {
@@ -62,16 +58,8 @@ private:
     }
 
 private Q_SLOTS:
-    void init()
-    {
-        chart = new PriceGraph;
-        chart->resize(800, 600);
-    }
-    void cleanup()
-    {
-        delete chart;
-        chart = nullptr;
-    }
+    void init() { makeChart(); }
+    void cleanup() { dropChart(); }
 
     void indicatorNames_data()
     {

@@ -2,30 +2,27 @@
 // interval, and the day separators they lead to.
 #include <QtTest>
 
+#include "charttesthelpers.h"
 #include "colorscaledraw.h"
-#include "plot.h"
-#include "pricegraph.h"
-#include "pricegraphprivate.h"
 #include "tradingcurve.h"
 
 #include <qwt_plot_curve.h>
 #include <qwt_plot_histogram.h>
 #include <qwt_plot_marker.h>
 
+using charttest::Day;
+using charttest::julian;
+using charttest::Minute;
+
 namespace {
-double julian(double ms) { return 2440587.5 + ms / 86400000.0; }
-const double Minute = 60000.0;
-const double Day = 86400000.0;
 const double T0 = 1584057600000.0; // 2020-03-13 00:00 UTC
 } // namespace
 
-class tst_Display : public QObject
+class tst_Display : public QObject, protected charttest::ChartFixture<>
 {
     Q_OBJECT
 
 private:
-    PriceGraph *chart = nullptr;
-    Plot *main() { return PriceGraphPrivate::mainPanel(chart); }
     QList<double> attachedSeparators()
     {
         QList<double> xs;
@@ -37,16 +34,8 @@ private:
     }
 
 private Q_SLOTS:
-    void init()
-    {
-        chart = new PriceGraph;
-        chart->resize(800, 600);
-    }
-    void cleanup()
-    {
-        delete chart;
-        chart = nullptr;
-    }
+    void init() { makeChart(); }
+    void cleanup() { dropChart(); }
 
     void chartStyle_data()
     {

@@ -85,6 +85,37 @@ private Q_SLOTS:
         VERIFY_IN_STEP(*chart);
     }
 
+    // Samples fed with show = false are drawn by Update: each panel once,
+    // all of them left on the main panel's range.
+    void updateReplotsEachPanelOnce_data()
+    {
+        QTest::addColumn<long>("scrollBack");
+        QTest::newRow("at the end") << 0L;
+        QTest::newRow("scrolled back") << 100L;
+    }
+    void updateReplotsEachPanelOnce()
+    {
+        QFETCH(long, scrollBack);
+        chart->ScrollLeft(scrollBack);
+        const double before = lower();
+        for (int i = 300; i < 305; ++i) {
+            chart->AppendOHLC("OHLC", 2459000.5 + i, false, 100, 102, 99, 101, 1000);
+            chart->AppendValue("SMA", 2459000.5 + i, 100.5, false);
+        }
+        QCoreApplication::processEvents();
+        QVector<quint64> replots;
+        for (Plot *p : panels)
+            replots.append(p->replotCount());
+        chart->Update();
+        for (int i = 0; i < panels.size(); ++i)
+            QCOMPARE(panels[i]->replotCount(), replots[i] + 1);
+        if (scrollBack == 0)
+            QCOMPARE(upper(), limits().maxX());
+        else
+            QCOMPARE(lower(), before);
+        VERIFY_IN_STEP(*chart);
+    }
+
     void scroll_data()
     {
         QTest::addColumn<int>("panel");

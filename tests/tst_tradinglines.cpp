@@ -8,6 +8,7 @@
 #include <qwt_scale_widget.h>
 
 #include "chartevents.h"
+#include "charttesthelpers.h"
 #include "linelabeltext.h"
 #include "orderline.h"
 #include "orderlinebutton.h"
@@ -67,12 +68,11 @@ public:
     }
 };
 
-class tst_TradingLines : public QObject
+class tst_TradingLines : public QObject, protected charttest::ChartFixture<Chart>
 {
     Q_OBJECT
 
 private:
-    Chart *chart = nullptr;
     OrderEntry *entry = nullptr;
 
     Plot *panel() const { return chart->GetMainPanel(); }
@@ -99,10 +99,9 @@ private:
 private Q_SLOTS:
     void init()
     {
-        chart = new Chart;
+        makeChart();
         entry = new OrderEntry;
         chart->setOrderEntry(entry);
-        chart->resize(800, 600);
         chart->AddSeries(QStringLiteral("OHLC"), 0, 0, 0, 0, false);
         for (int i = 0; i < 60; ++i) {
             const double base = 1.20 + 0.001 * (i % 50);
@@ -118,8 +117,7 @@ private Q_SLOTS:
 
     void cleanup()
     {
-        delete chart; // with its lines still on the panel
-        chart = nullptr;
+        dropChart(); // with its lines still on the panel
         delete entry;
         entry = nullptr;
     }

@@ -299,11 +299,9 @@ void PriceGraph::ClearValues(const char *name)
 void PriceGraph::Update()
 {
     // Samples fed with show = false are drawn by this call: each panel
-    // flushes (view, separators, scales) and replots.
+    // flushes (view, separators, scales) and replots once.
     QMutexLocker locker(d->mutex);
-    const QList<Plot *> panels = d->panels;
-    for (Plot *p : panels)
-        p->FlushTa();
+    d->eventSync->flush();
 }
 
 // ---- display options -------------------------------------------------------

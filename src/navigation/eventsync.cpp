@@ -4,6 +4,8 @@
 #include "plot.h"
 #include "plotnavigator.h"
 
+#include <QVector>
+
 EventSync::EventSync(QObject *parent)
     : QObject(parent)
 {
@@ -35,6 +37,26 @@ void EventSync::copyView(Plot *source, Plot *target)
     double x1, x2;
     source->getX(x1, x2);
     target->setX(x1, x2, source->getNavigator()->zoom());
+}
+
+void EventSync::flush()
+{
+    // Flushing the panels one by one would spread the view after each and
+    // replot the other panels every time.
+    const QList<Plot *> snapshot = m_panels;
+    bool follow = false;
+    for (Plot *p : snapshot)
+        follow = p->getNavigator()->dataChanged(false) || follow;
+    QVector<quint64> replots;
+    replots.reserve(snapshot.size());
+    for (Plot *p : snapshot)
+        replots.append(p->replotCount());
+    if (follow && !snapshot.isEmpty())
+        snapshot.first()->SyncAllPannel(); // replots the panels it moves
+    for (int i = 0; i < snapshot.size(); ++i) {
+        if (snapshot.at(i)->replotCount() == replots.at(i))
+            snapshot.at(i)->replot();
+    }
 }
 
 bool EventSync::eventFilter(QObject *watched, QEvent *event)

@@ -24,6 +24,11 @@ public:
     void clear();
     const QList<Plot *> &panels() const { return m_panels; }
 
+    // Draws what was fed to the panels since their last flush: each panel
+    // takes its data into its view, the main panel's view spreads once, and
+    // every panel replots once.
+    void flush();
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 

@@ -350,7 +350,7 @@ void PlotNavigator::restoreChartCenter()
 
 // ---- data and canvas changes -------------------------------------------------
 
-void PlotNavigator::dataChanged()
+bool PlotNavigator::dataChanged(bool sync)
 {
     double dataMinX, dataMaxX;
     dataExtent(dataMinX, dataMaxX);
@@ -360,7 +360,7 @@ void PlotNavigator::dataChanged()
     m_hadBars = hasBars;
     updateScrollLimits();
     if (!hasBars)
-        return;
+        return false;
     const bool autoReplot = m_plot->autoReplot();
     m_plot->setAutoReplot(false);
     if (follow) {
@@ -373,8 +373,9 @@ void PlotNavigator::dataChanged()
         applyScales(); // an edited bar in view may change the price range
     }
     m_plot->setAutoReplot(autoReplot);
-    if (follow)
+    if (follow && sync)
         m_plot->SyncAllPannel();
+    return follow;
 }
 
 void PlotNavigator::canvasResized()

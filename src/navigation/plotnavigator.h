@@ -44,8 +44,9 @@ public:
 
     // The panel's bars changed (appended, edited, inserted or cleared).
     // Shows the newest bars on the first data, and keeps them in view while
-    // the view sits at the end.
-    void dataChanged();
+    // the view sits at the end. With `sync` false the other panels are left
+    // for the caller to align; returns whether they should follow.
+    bool dataChanged(bool sync = true);
     // Recomputes the scroll limits and tells the panel's scroll bar.
     void updateScrollLimits();
 

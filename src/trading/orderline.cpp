@@ -1,7 +1,6 @@
 #include "orderline.h"
 
 #include "chartevents.h"
-#include "linelabeltext.h"
 #include "orderlinebutton.h"
 
 #include <QLabel>
@@ -14,23 +13,16 @@
 namespace {
 
 const double Reach = 6.0;
-const int RightGap = 8; // a box nobody has moved sits this far from the axis
 
 } // namespace
 
 OrderLine::OrderLine()
-    : m_button(new OrderLineButton(OrderLineButton::Order))
 {
+    setButton(new OrderLineButton(OrderLineButton::Order));
     setLabelKind(2);
     m_widgets.append(this);
     connect(m_button->modifyButton(), SIGNAL(released()), this, SLOT(onModify()));
     connect(m_button->cancelButton(), SIGNAL(released()), this, SLOT(onCancel()));
-}
-
-OrderLine::~OrderLine()
-{
-    retire();
-    delete m_button;
 }
 
 void OrderLine::attach(QwtPlot *plot)
@@ -38,40 +30,9 @@ void OrderLine::attach(QwtPlot *plot)
     if (!plot || this->plot())
         return;
     PriceLine::attach(plot);
-    if (m_button) {
-        m_button->setParent(canvasWidget());
-        m_button->hide();
-        m_button->installEventFilter(this);
-    }
-    updateText();
-}
-
-void OrderLine::setEditable(bool on)
-{
-    m_editable = on;
-    installCanvasFilter(on);
-    if (!on && m_button)
-        m_button->hide();
-}
-
-void OrderLine::setValue(double x, double y)
-{
-    QwtPlotMarker::setValue(x, y);
-    updateText();
-    updateLabel();
-}
-
-void OrderLine::setCount(long count)
-{
-    PriceLine::setCount(count);
-    updateText();
-    placeButton();
-}
-
-void OrderLine::updateText()
-{
+    // The box tells its line when it hides itself (see eventFilter).
     if (m_button)
-        m_button->setText(LineLabelText::build(m_count, yValue(), priceDecimals()));
+        m_button->installEventFilter(this);
 }
 
 void OrderLine::setButtonFollowsMouse(bool on)
@@ -99,7 +60,7 @@ void OrderLine::placeButton()
     if (!canvas || !m_button)
         return;
     const int centreX = m_mouseX >= 0 ? m_mouseX
-                                      : canvas->width() - RightGap - m_button->width() / 2;
+                                      : canvas->width() - ButtonRightGap - m_button->width() / 2;
     if (!m_buttonFollowsMouse && m_stackHeight >= 0) {
         const int top = (canvas->height() - m_stackHeight) / 2 + m_stackOffset;
         m_button->move(centreX - m_button->width() / 2, top);
@@ -107,21 +68,6 @@ void OrderLine::placeButton()
     }
     const double y = linePixelY();
     moveButtonCentre(centreX, qRound(qBound(-1.0e6, y, 1.0e6)));
-}
-
-void OrderLine::updateLabel()
-{
-    placeButton();
-    PriceLine::updateLabel();
-}
-
-void OrderLine::retire()
-{
-    if (m_button) {
-        m_button->removeEventFilter(this);
-        m_button->hide();
-    }
-    PriceLine::retire();
 }
 
 void OrderLine::onModify()

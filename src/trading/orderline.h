@@ -17,16 +17,8 @@ class OrderLine : public PriceLine
 
 public:
     OrderLine();
-    ~OrderLine() override;
 
     void attach(QwtPlot *plot) override;
-    void setEditable(bool on) override;
-    void setValue(double x, double y) override;
-    void setCount(long count) override;
-    void updateLabel() override;
-    void retire() override;
-
-    OrderLineButton *button() const { return m_button; }
 
     // Alone at its price, the box follows the mouse along the line.
     bool buttonFollowsMouse() const { return m_buttonFollowsMouse; }
@@ -49,13 +41,11 @@ public Q_SLOTS:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void placeButton() override;
 
 private:
-    void updateText();
-    void placeButton();
     void moveButtonCentre(int x, int y);
 
-    QPointer<OrderLineButton> m_button;
     bool m_buttonFollowsMouse = true;
     QList<QPointer<OrderLine>> m_widgets;
     int m_mouseX = -1;        // box centre x once the mouse has placed it

@@ -1,6 +1,5 @@
 #include "positionline.h"
 
-#include "linelabeltext.h"
 #include "orderlinebutton.h"
 
 #include <QMouseEvent>
@@ -13,61 +12,14 @@ namespace {
 
 // Twice the base line's reach, so the close button is easy to get to.
 const double Reach = 12.0;
-const int RightGap = 8;
 
 } // namespace
 
 PositionLine::PositionLine()
-    : m_button(new OrderLineButton(OrderLineButton::Position))
 {
+    setButton(new OrderLineButton(OrderLineButton::Position));
     setLabelKind(1);
     connect(m_button->cancelButton(), SIGNAL(released()), this, SLOT(onCancel()));
-}
-
-PositionLine::~PositionLine()
-{
-    retire();
-    delete m_button;
-}
-
-void PositionLine::attach(QwtPlot *plot)
-{
-    if (!plot || this->plot())
-        return;
-    PriceLine::attach(plot);
-    if (m_button) {
-        m_button->setParent(canvasWidget());
-        m_button->hide();
-    }
-    updateText();
-}
-
-void PositionLine::setEditable(bool on)
-{
-    m_editable = on;
-    installCanvasFilter(on);
-    if (!on && m_button)
-        m_button->hide();
-}
-
-void PositionLine::setValue(double x, double y)
-{
-    QwtPlotMarker::setValue(x, y);
-    updateText();
-    updateLabel();
-}
-
-void PositionLine::setCount(long count)
-{
-    PriceLine::setCount(count);
-    updateText();
-    placeButton();
-}
-
-void PositionLine::updateText()
-{
-    if (m_button)
-        m_button->setText(LineLabelText::build(m_count, yValue(), priceDecimals()));
 }
 
 void PositionLine::placeButton()
@@ -76,20 +28,7 @@ void PositionLine::placeButton()
     if (!canvas || !m_button)
         return;
     const int y = qRound(qBound(-1.0e6, linePixelY(), 1.0e6));
-    m_button->move(canvas->width() - RightGap - m_button->width(), y - m_button->height() / 2);
-}
-
-void PositionLine::updateLabel()
-{
-    placeButton();
-    PriceLine::updateLabel();
-}
-
-void PositionLine::retire()
-{
-    if (m_button)
-        m_button->hide();
-    PriceLine::retire();
+    m_button->move(canvas->width() - ButtonRightGap - m_button->width(), y - m_button->height() / 2);
 }
 
 void PositionLine::onCancel()

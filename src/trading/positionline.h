@@ -3,10 +3,6 @@
 
 #include "priceline.h"
 
-#include <QPointer>
-
-class OrderLineButton;
-
 // An open position: a blue line whose box (text and close button) shows
 // while the mouse is within 12 px. Never grouped with orders.
 class PositionLine : public PriceLine
@@ -15,16 +11,6 @@ class PositionLine : public PriceLine
 
 public:
     PositionLine();
-    ~PositionLine() override;
-
-    void attach(QwtPlot *plot) override;
-    void setEditable(bool on) override;
-    void setValue(double x, double y) override;
-    void setCount(long count) override;
-    void updateLabel() override;
-    void retire() override;
-
-    OrderLineButton *button() const { return m_button; }
 
 Q_SIGNALS:
     void onPositionCancel(QString orderid);
@@ -34,12 +20,7 @@ public Q_SLOTS:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
-
-private:
-    void updateText();
-    void placeButton();
-
-    QPointer<OrderLineButton> m_button;
+    void placeButton() override;
 };
 
 #endif // POSITIONLINE_H

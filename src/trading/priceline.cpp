@@ -1,5 +1,7 @@
 #include "priceline.h"
 
+#include "linelabeltext.h"
+#include "orderlinebutton.h"
 #include "plot.h"
 #include "pricelabeltext.h"
 
@@ -68,6 +70,7 @@ PriceLine::PriceLine()
 PriceLine::~PriceLine()
 {
     retire();
+    delete m_button;
     delete m_label;
 }
 
@@ -138,6 +141,11 @@ void PriceLine::attach(QwtPlot *plot)
     }
     updateLabel();
     m_editable = true;
+    if (m_button) {
+        m_button->setParent(m_canvas);
+        m_button->hide();
+    }
+    updateButtonText();
 }
 
 void PriceLine::setMode(int mode)
@@ -145,17 +153,45 @@ void PriceLine::setMode(int mode)
     setEditable(mode == 0 || mode == 3);
 }
 
-void PriceLine::setEditable(bool) {}
+void PriceLine::setEditable(bool on)
+{
+    if (!m_hasButton)
+        return; // the tick line always follows the chart
+    m_editable = on;
+    installCanvasFilter(on);
+    if (!on && m_button)
+        m_button->hide();
+}
 
 void PriceLine::setValue(double x, double y)
 {
     QwtPlotMarker::setValue(x, y);
+    updateButtonText();
     updateLabel();
 }
 
 void PriceLine::setCount(long count)
 {
     m_count = count;
+    updateButtonText();
+    placeButton();
+}
+
+void PriceLine::setButton(OrderLineButton *button)
+{
+    m_button = button;
+    m_hasButton = button != nullptr;
+}
+
+OrderLineButton *PriceLine::button() const
+{
+    return m_button;
+}
+
+void PriceLine::updateButtonText()
+{
+    if (m_button)
+        m_button->setText(LineLabelText::build(m_count, yValue(), priceDecimals()));
 }
 
 void PriceLine::setRecord(double price, const QString &id, int flag, const QString &text1,
@@ -179,6 +215,7 @@ double PriceLine::linePixelY() const
 
 void PriceLine::updateLabel()
 {
+    placeButton();
     QWidget *canvas = canvasWidget();
     QwtScaleWidget *axis = axisWidget();
     if (!canvas || !axis || !m_label)
@@ -279,6 +316,10 @@ void PriceLine::installCanvasFilter(bool on)
 
 void PriceLine::retire()
 {
+    if (m_button) {
+        m_button->removeEventFilter(this);
+        m_button->hide();
+    }
     if (m_canvas)
         m_canvas->removeEventFilter(this);
     if (m_label)

@@ -8,6 +8,7 @@
 #include <qwt_plot_marker.h>
 
 #include <QLabel>
+class OrderLineButton;
 class QwtPlot;
 class QwtScaleWidget;
 
@@ -16,6 +17,10 @@ class QwtScaleWidget;
 //
 // Changing a line (value, pen, visibility) repaints the canvas only: a
 // marker never takes part in autoscaling, so a full replot would be wasted.
+//
+// Order and position lines carry a box (text and buttons) on the canvas next
+// to the line; the box handling shared by both lives here and does nothing
+// for a line without one (the tick line).
 class PriceLine : public QObject, public QwtPlotMarker
 {
     Q_OBJECT
@@ -38,6 +43,7 @@ public:
     static QString labelStyleSheet(int kind);
 
     QLabel *label() const { return m_label; }
+    OrderLineButton *button() const; // null on a line without a box
     QPen normalPen() const { return m_normalPen; }
     QPen hoverPen() const { return m_hoverPen; }
     bool isEditable() const { return m_editable; }
@@ -80,6 +86,14 @@ protected:
     // also drops its hover state, as no move will come to clear it.
     void installCanvasFilter(bool on);
 
+    // Hands the line its box, which it owns from then on.
+    void setButton(OrderLineButton *button);
+    // Moves the box to where this kind of line keeps it.
+    virtual void placeButton() {}
+    void updateButtonText();
+    // A box nobody has moved sits this far from the price axis.
+    static const int ButtonRightGap = 8;
+
     // Held while the line emits towards the host, so that a host slot may
     // delete the line it was called for.
     class EmitGuard
@@ -98,6 +112,7 @@ protected:
     QPen m_hoverPen;
     bool m_editable = false;
     long m_count = 0;
+    QPointer<OrderLineButton> m_button;
 
 private:
     QPointer<QWidget> m_canvas;
@@ -109,6 +124,7 @@ private:
     QString m_text3;
     int m_emitDepth = 0;
     bool m_disposePending = false;
+    bool m_hasButton = false;
 };
 
 #endif // PRICELINE_H
