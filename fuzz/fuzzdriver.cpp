@@ -8,6 +8,7 @@
 #include "sampletimetable.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QImage>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -301,8 +302,22 @@ QWidget *FuzzDriver::pickTarget()
 
 void FuzzDriver::step()
 {
+    // PRICEGRAPH_FUZZ_TRACE=1 prints every operation with its cost (triage).
+    static const bool trace = qEnvironmentVariableIntValue("PRICEGRAPH_FUZZ_TRACE") != 0;
     const uint8_t op = m_in.byte();
-    switch (op % 64) {
+    QElapsedTimer timer;
+    if (trace)
+        timer.start();
+    stepOp(op % 64);
+    if (trace)
+        std::fprintf(stderr, "op %2d: %lld us, %llu calls\n", op % 64,
+                     static_cast<long long>(timer.nsecsElapsed() / 1000),
+                     static_cast<unsigned long long>(m_calls));
+}
+
+void FuzzDriver::stepOp(int op)
+{
+    switch (op) {
     case 0:
         if (m_chart->GetPanelCount() >= MaxPanels)
             break;

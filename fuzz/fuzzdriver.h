@@ -38,10 +38,10 @@ public:
     static void installQuietMessageHandler();
 
     // Upper bounds that keep one input well inside a second.
-    static const int MaxCalls = 4000;
-    static const int MaxRenders = 12;
+    static const int MaxCalls = 2500;
+    static const int MaxRenders = 8;
     static const int MaxBatch = 1000;
-    static const int MaxPanels = 6;
+    static const int MaxPanels = 5;
 
 private:
     // argument dictionaries
@@ -61,6 +61,7 @@ private:
 
     // one decoded operation
     void step();
+    void stepOp(int op);
     void feedBatch();
     void mouseGesture();
     void wheel();
