@@ -506,6 +506,13 @@ void Plot::keyPressEvent(QKeyEvent *event)
     }
 }
 
+void Plot::updateLayout()
+{
+    QwtPlot::updateLayout();
+    if (priceLines)
+        priceLines->updateLabels();
+}
+
 bool Plot::eventFilter(QObject *watched, QEvent *event)
 {
     return QwtPlot::eventFilter(watched, event);

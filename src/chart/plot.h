@@ -144,6 +144,9 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void timerEvent(QTimerEvent *event) override;
+    // Price-line labels sit on the right axis: lay them out again whenever
+    // the axes settle (border distances change without a scale change).
+    void updateLayout() override;
 
 private:
     void setup();

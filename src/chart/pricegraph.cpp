@@ -425,14 +425,20 @@ double PriceGraph::ValmorTimeToQwtTime(double t)
 
 void PriceGraph::setOrderEntry(QObject *orderEntry)
 {
+    PlotPriceLinesData::checkOrderEntry(orderEntry);
     d->orderEntry = orderEntry;
 }
 
 void PriceGraph::DrawPositionLine(long panel, double price, long count, const char *id, int flag,
                                   const char *text1, const char *text2, const char *text3)
 {
-    if (panel < 0 || panel >= d->panels.count() || !id)
+    QMutexLocker locker(d->mutex);
+    if (panel < 0 || panel >= d->panels.count())
         return;
+    if (!id) {
+        qWarning("PriceGraph::DrawPositionLine() ignored a null line id.");
+        return;
+    }
     if (!std::isfinite(price)) {
         qWarning("PriceGraph::DrawPositionLine() ignored a non-finite price for %s.", id);
         return;
@@ -446,6 +452,7 @@ void PriceGraph::DrawPositionLine(long panel, double price, long count, const ch
 
 void PriceGraph::DeletePositionLine(long panel, const char *id)
 {
+    QMutexLocker locker(d->mutex);
     if (panel < 0 || panel >= d->panels.count() || !id)
         return;
     Plot *p = d->panels.at(int(panel));
@@ -467,54 +474,53 @@ void PriceGraph::DeleteOrderPoint(const char *) {}
 
 void PriceGraph::DrawTickLine(double price, long)
 {
-    Plot *main = GetMainPanel();
-    if (!main || !main->getPriceLines() || !std::isfinite(price))
+    QMutexLocker locker(d->mutex);
+    if (!std::isfinite(price)) {
+        qWarning("PriceGraph::DrawTickLine() ignored a non-finite price.");
         return;
-    PriceLine *tick = main->getPriceLines()->tickLine();
-    if (!tick)
-        return;
-    tick->setValue(tick->xValue(), price);
-    if (!tick->isVisible())
-        tick->setVisible(true);
-    if (tick->label() && !tick->label()->isVisible())
-        tick->label()->show();
-    main->scheduleReplot();
+    }
+    // Only the first panel shows a tick line, also after panels were moved.
+    const QList<Plot *> panels = d->panels;
+    for (Plot *p : panels) {
+        if (!p->getPriceLines())
+            continue;
+        if (p == panels.first())
+            p->getPriceLines()->showTickLine(price);
+        else
+            p->getPriceLines()->hideTickLine();
+    }
 }
 
 void PriceGraph::RemoveTickLine()
 {
+    QMutexLocker locker(d->mutex);
     Plot *main = GetMainPanel();
-    if (!main || !main->getPriceLines())
-        return;
-    PriceLine *tick = main->getPriceLines()->tickLine();
-    if (!tick)
-        return;
-    tick->setVisible(false);
-    if (tick->label())
-        tick->label()->hide();
-    main->scheduleReplot();
+    if (main && main->getPriceLines())
+        main->getPriceLines()->hideTickLine();
 }
 
 void PriceGraph::updateL1(double price1, double price2, int decimals, int extra)
 {
-    if (decimals != d->l1Decimals && decimals >= 1)
+    const bool changed = decimals != d->l1Decimals;
+    if (changed && decimals >= 1)
         d->l1DecimalFix = 1.0 / std::pow(10.0, decimals + 2);
     d->l1A = price1;
     d->l1B = price2;
     d->l1Decimals = decimals;
     d->l1Extra = extra;
-    updateAxisLines();
+    // L1 arrives with every quote; the boxes only need new texts when the
+    // precision changes.
+    if (changed)
+        updateAxisLines();
 }
 
 void PriceGraph::updateAxisLines()
 {
-    // Line labels print prices with the chart's precision: lay them out again.
+    QMutexLocker locker(d->mutex);
     const QList<Plot *> panels = d->panels;
     for (Plot *p : panels) {
-        if (!p->getPriceLines())
-            continue;
-        for (PriceLine *line : p->getPriceLines()->lines())
-            line->setValue(line->xValue(), line->yValue());
+        if (p->getPriceLines())
+            p->getPriceLines()->refreshLabels();
     }
 }
 

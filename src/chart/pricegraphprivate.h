@@ -42,7 +42,7 @@ public:
     QSplitter *splitter;
     OverlayWidget *overlay;
     PlotScrollBar *scrollBar;
-    QObject *orderEntry = nullptr;  // the host's, not owned
+    QPointer<QObject> orderEntry;   // the host's, not owned; cleared if the host deletes it
     EventSync *eventSync;
     long cursorType = -1;           // -1: none yet, so the first SetCursorType applies
     double l1A = 0.0;

@@ -1,25 +1,143 @@
 #include "priceline.h"
 
+#include "plot.h"
+#include "pricelabeltext.h"
+
+#include <QEvent>
 #include <QLabel>
+#include <QMouseEvent>
 #include <qwt_plot.h>
+#include <qwt_plot_canvas.h>
+#include <qwt_scale_map.h>
+#include <qwt_scale_widget.h>
+
+#include <cmath>
+
+namespace {
+
+// Lines within this many pixels of the mouse count as hovered.
+const double HoverReach = 6.0;
+
+// Attaching or detaching an item replots the whole panel when auto-replot is
+// on; a marker needs no new axes, so hold that off and repaint the canvas.
+class QuietPlot
+{
+public:
+    explicit QuietPlot(QwtPlot *plot)
+        : m_plot(plot)
+        , m_autoReplot(plot && plot->autoReplot())
+    {
+        if (m_plot)
+            m_plot->setAutoReplot(false);
+    }
+    ~QuietPlot()
+    {
+        if (m_plot)
+            m_plot->setAutoReplot(m_autoReplot);
+    }
+
+private:
+    QwtPlot *m_plot;
+    bool m_autoReplot;
+};
+
+// Redraws the items from prepared data; no axis or layout work.
+void repaint(QWidget *canvas)
+{
+    if (QwtPlotCanvas *c = qobject_cast<QwtPlotCanvas *>(canvas))
+        c->replot();
+    else if (canvas)
+        canvas->update();
+}
+
+QPen kindPen(int r, int g, int b, int a)
+{
+    return QPen(QBrush(QColor(r, g, b, a)), 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin);
+}
+
+} // namespace
 
 PriceLine::PriceLine()
-    : m_label(new QLabel)
+    : QObject(nullptr)
+    , QwtPlotMarker(QString())
+    , m_label(new QLabel)
 {
+    setLabelKind(0);
 }
 
 PriceLine::~PriceLine()
 {
+    retire();
     delete m_label;
+}
+
+QString PriceLine::labelStyleSheet(int kind)
+{
+    switch (kind) {
+    case 0:
+        return QStringLiteral("background-color : #698c00;") +
+               QStringLiteral("color : rgba(255,255,255,201);") + QStringLiteral("font-size:10px;");
+    case 1:
+        return QStringLiteral("background-color : #007fff;") +
+               QStringLiteral("color : rgba(255,255,255,201);") + QStringLiteral("font-size:10px;");
+    case 2:
+        return QStringLiteral("background-color : #067e82;") +
+               QStringLiteral("color : rgba(255,255,255,201);") + QStringLiteral("font-size:10px;");
+    default:
+        return QString();
+    }
+}
+
+void PriceLine::setLabelKind(int kind)
+{
+    m_kind = kind;
+    switch (kind) {
+    case 0:
+        m_normalPen = kindPen(105, 140, 0, 255);
+        m_hoverPen = kindPen(105, 140, 0, 255);
+        break;
+    case 1:
+        m_normalPen = kindPen(0, 127, 255, 127);
+        m_hoverPen = kindPen(0, 127, 255, 255);
+        break;
+    case 2:
+        m_normalPen = kindPen(6, 126, 130, 127);
+        m_hoverPen = kindPen(6, 126, 130, 127);
+        break;
+    default:
+        return; // stored, but no pen or style of its own
+    }
+    setLinePen(m_normalPen);
+    if (m_label)
+        m_label->setStyleSheet(labelStyleSheet(kind));
 }
 
 void PriceLine::attach(QwtPlot *plot)
 {
-    QwtPlotMarker::attach(plot);
+    if (!plot || this->plot())
+        return; // a line lives on one panel for its whole life
+    {
+        QuietPlot quiet(plot);
+        QwtPlotMarker::attach(plot);
+    }
     setParent(plot);
     setAxes(QwtPlot::xBottom, QwtPlot::yRight);
     setLineStyle(QwtPlotMarker::HLine);
     setVisible(false);
+
+    m_canvas = plot->canvas();
+    m_canvas->installEventFilter(this);
+    m_canvas->setMouseTracking(true);
+
+    QwtScaleWidget *axis = plot->axisWidget(QwtPlot::yRight);
+    connect(axis, SIGNAL(scaleDivChanged()), this, SLOT(updatePartnerPos()));
+    if (m_label) {
+        m_label->setParent(axis);
+        m_label->setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
+        m_label->hide();
+    }
+    updateLabel();
+    m_editable = true;
 }
 
 void PriceLine::setMode(int mode)
@@ -40,14 +158,161 @@ void PriceLine::setCount(long count)
     m_count = count;
 }
 
-void PriceLine::updateLabel() {}
-
-void PriceLine::setLabelKind(int kind)
+void PriceLine::setRecord(double price, const QString &id, int flag, const QString &text1,
+                          const QString &text2, const QString &text3)
 {
-    m_kind = kind;
+    m_price = price;
+    m_id = id;
+    m_flag = flag;
+    m_text1 = text1;
+    m_text2 = text2;
+    m_text3 = text3;
+}
+
+double PriceLine::linePixelY() const
+{
+    const QwtPlot *p = plot();
+    if (!p)
+        return std::nan("");
+    return p->canvasMap(yAxis()).transform(yValue());
+}
+
+void PriceLine::updateLabel()
+{
+    QWidget *canvas = canvasWidget();
+    QwtScaleWidget *axis = axisWidget();
+    if (!canvas || !axis || !m_label)
+        return;
+    // Canvas and axis are both children of the panel: the offset between
+    // them is what a trip through global coordinates would give.
+    const QPoint offset = canvas->mapTo(plot(), QPoint()) - axis->mapTo(plot(), QPoint());
+    // Far-off prices still get a (clamped) geometry so rounding stays defined.
+    const double y = qBound(-1.0e6, linePixelY(), 1.0e6) + offset.y();
+
+    m_label->setText(PriceLabelText::format(yValue()));
+    const int top = qRound(y - 8.0);
+    m_label->setGeometry(QRect(QPoint(0, top), QPoint(axis->width() - 1, top + 16)));
 }
 
 void PriceLine::updatePartnerPos()
 {
     updateLabel();
+}
+
+bool PriceLine::eventFilter(QObject *watched, QEvent *event)
+{
+    if (!canvasWidget() || watched != canvasWidget())
+        return QObject::eventFilter(watched, event);
+
+    const bool follows = m_kind == 1 || m_kind == 2;
+    switch (event->type()) {
+    case QEvent::Resize:
+        updateLabel();
+        break;
+    case QEvent::Leave:
+        if (follows && m_label && !m_label->isHidden())
+            m_label->hide();
+        break;
+    case QEvent::MouseMove:
+        if (follows) {
+            const QMouseEvent *me = static_cast<QMouseEvent *>(event);
+            if (std::abs(me->localPos().y() - linePixelY()) < HoverReach) {
+                setLinePen(m_hoverPen);
+                if (m_label && m_label->isHidden())
+                    m_label->show();
+                event->accept();
+                return true;
+            }
+            // The hover pen also outlives a leave of the canvas, so it is
+            // dropped on the first move away even when the label is hidden.
+            if ((m_label && !m_label->isHidden()) || linePen() != m_normalPen) {
+                setLinePen(m_normalPen);
+                if (m_label)
+                    m_label->hide();
+            }
+        }
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void PriceLine::itemChanged()
+{
+    repaint(canvasWidget());
+}
+
+QWidget *PriceLine::canvasWidget() const
+{
+    return plot() ? m_canvas.data() : nullptr;
+}
+
+QwtScaleWidget *PriceLine::axisWidget() const
+{
+    QwtPlot *p = const_cast<QwtPlot *>(plot());
+    return p ? p->axisWidget(QwtPlot::yRight) : nullptr;
+}
+
+int PriceLine::priceDecimals() const
+{
+    const Plot *p = qobject_cast<const Plot *>(plot());
+    return p ? p->priceDecimals() : -1;
+}
+
+void PriceLine::installCanvasFilter(bool on)
+{
+    QWidget *canvas = canvasWidget();
+    if (!canvas)
+        return;
+    if (on) {
+        canvas->installEventFilter(this);
+        return;
+    }
+    canvas->removeEventFilter(this);
+    if (m_kind == 1 || m_kind == 2) {
+        setLinePen(m_normalPen);
+        if (m_label)
+            m_label->hide();
+    }
+}
+
+void PriceLine::retire()
+{
+    if (m_canvas)
+        m_canvas->removeEventFilter(this);
+    if (m_label)
+        m_label->hide();
+    if (QwtPlot *p = plot()) {
+        if (QwtScaleWidget *axis = p->axisWidget(QwtPlot::yRight))
+            disconnect(axis, nullptr, this, nullptr);
+        {
+            QuietPlot quiet(p);
+            QwtPlotMarker::detach();
+        }
+        repaint(m_canvas);
+    }
+}
+
+void PriceLine::dispose()
+{
+    retire();
+    if (m_emitDepth > 0)
+        m_disposePending = true;
+    else
+        delete this;
+}
+
+PriceLine::EmitGuard::EmitGuard(PriceLine *line)
+    : m_line(line)
+{
+    ++m_line->m_emitDepth;
+}
+
+PriceLine::EmitGuard::~EmitGuard()
+{
+    if (!m_line)
+        return;
+    if (--m_line->m_emitDepth == 0 && m_line->m_disposePending)
+        m_line->deleteLater();
 }
