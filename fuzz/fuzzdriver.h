@@ -38,10 +38,11 @@ public:
     static void installQuietMessageHandler();
 
     // Upper bounds that keep one input well inside a second.
-    static const int MaxCalls = 2500;
+    static const int MaxCalls = 5000;
     static const int MaxRenders = 8;
     static const int MaxBatch = 1000;
-    static const int MaxPanels = 5;
+    static const int MaxPanels = 4;
+    static const int MaxHeavy = 10;
 
 private:
     // argument dictionaries
@@ -79,6 +80,7 @@ private:
     OrderEntrySink *m_sink;
     uint64_t m_calls = 0;
     int m_renders = 0;
+    int m_heavy = 0;
     double m_lastTime = 2459000.5;
     char m_scratch[40];
     std::string m_owned;
