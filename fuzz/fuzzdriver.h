@@ -38,11 +38,11 @@ public:
     static void installQuietMessageHandler();
 
     // Upper bounds that keep one input well inside a second.
-    static const int MaxCalls = 5000;
+    static const int MaxCalls = 3000;
     static const int MaxRenders = 8;
-    static const int MaxBatch = 1000;
+    static const int MaxBatch = 600;
     static const int MaxPanels = 4;
-    static const int MaxHeavy = 10;
+    static const int MaxHeavy = 6;
 
 private:
     // argument dictionaries
