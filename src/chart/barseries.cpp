@@ -17,7 +17,7 @@ bool BarSeries::isSaneTime(double time)
 
 bool BarSeries::isFinitePrice(double v)
 {
-    return std::isfinite(v);
+    return std::isfinite(v) && std::fabs(v) <= MaxValue;
 }
 
 bool BarSeries::validate(const char *what, double time, double o, double h, double l,
@@ -27,9 +27,10 @@ bool BarSeries::validate(const char *what, double time, double o, double h, doub
         qWarning("BarSeries::%s() rejected a bar with time %g ms.", what, time);
         return false;
     }
-    if (!std::isfinite(o) || !std::isfinite(h) || !std::isfinite(l) || !std::isfinite(c)
-        || !std::isfinite(v)) {
-        qWarning("BarSeries::%s() rejected a bar with a non-finite value (%g %g %g %g %g).",
+    if (!isFinitePrice(o) || !isFinitePrice(h) || !isFinitePrice(l) || !isFinitePrice(c)
+        || !isFinitePrice(v)) {
+        qWarning("BarSeries::%s() rejected a bar with a non-finite or absurd value "
+                 "(%g %g %g %g %g).",
                  what, o, h, l, c, v);
         return false;
     }
@@ -79,7 +80,9 @@ BarSeries::Result BarSeries::editLast(double time, double o, double h, double l,
 {
     if (isEmpty())
         return add(time, o, h, l, c, v);
-    if (!validate("editLast", m_table.last(), o, h, l, c, v))
+    // The newest bar keeps its time, but a garbage time still marks the
+    // call as garbage.
+    if (!validate("editLast", time, o, h, l, c, v))
         return Rejected;
     store(size() - 1, o, h, l, c, v);
     updateBlockOf(size() - 1);
@@ -94,6 +97,23 @@ void BarSeries::clear()
         col->clear();
         col->shrink_to_fit();
     }
+}
+
+bool BarSeries::setVolume(int i, double v)
+{
+    if (i < 0 || i >= size() || !isFinitePrice(v)) {
+        qWarning("BarSeries::setVolume() ignored volume %g for bar %d of %d.", v, i, size());
+        return false;
+    }
+    m_volume[size_t(i)] = v > 0.0 ? v : 0.0;
+    updateBlockOf(i);
+    return true;
+}
+
+void BarSeries::clearVolumes()
+{
+    std::fill(m_volume.begin(), m_volume.end(), 0.0);
+    std::fill(m_blockVolume.begin(), m_blockVolume.end(), 0.0);
 }
 
 void BarSeries::updateBlockOf(int bar)

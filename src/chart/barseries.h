@@ -28,11 +28,17 @@ public:
     // and low are widened to hold open and close; a negative volume is 0.
     Result add(double time, double open, double high, double low, double close,
                double volume, int *index = nullptr);
-    // Changes the newest bar's values (its time is kept). On an empty series
-    // it behaves as add(). Same validation as add().
+    // Changes the newest bar's values (its time is kept; `time` must still
+    // be sane). On an empty series it behaves as add(). Same validation as
+    // add().
     Result editLast(double time, double open, double high, double low, double close,
                     double volume);
     void clear();
+    // Sets the volume of bar i (negative volumes become 0). False, with a
+    // debug line, for an index outside the bars or a non-finite volume.
+    bool setVolume(int i, double volume);
+    // Zeroes every bar's volume (the bars themselves stay).
+    void clearVolumes();
 
     int size() const { return m_table.size(); }
     bool isEmpty() const { return m_table.isEmpty(); }
@@ -61,7 +67,11 @@ public:
     // A plotting time that a chart can show: finite and within years
     // 1900..2200 (Qwt's date scale stalls on wider ranges).
     static bool isSaneTime(double time);
+    // A value that a chart can show: finite and within +-1e15. Qwt's scale
+    // engine stalls on spans that overflow, so larger magnitudes count as
+    // garbage from the host, not data.
     static bool isFinitePrice(double v);
+    static constexpr double MaxValue = 1e15;
 
 private:
     static const int BlockShift = 6;  // 64 bars a block

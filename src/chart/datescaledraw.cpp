@@ -23,7 +23,7 @@ QwtText DateScaleDraw::label(double value) const
     Plot *main = m_chart ? PriceGraphPrivate::mainPanel(m_chart) : nullptr;
     if (!main || !std::isfinite(value) || std::fabs(value) > 2e9)
         return QwtText();
-    double time = main->timeAtIndex(long(value));
+    const double time = main->timeAtIndex(long(value));
     if (!(time > 0.0))
         return QwtText();
     const double interval = main->getInterval();
@@ -32,8 +32,10 @@ QwtText DateScaleDraw::label(double value) const
         format = QStringLiteral("hh:mm");
     else if (interval >= 86400000.0 && interval < 2592000000.0)
         format = QStringLiteral("MM/dd");
-    // A time less than a second short of a full minute shows as that minute.
-    if (std::fmod(time, 60000.0) > 59000.0)
-        time += 1000.0;
-    return QwtText(QwtDate::toDateTime(time, Qt::UTC).toString(format));
+    return QwtText(QwtDate::toDateTime(nudge(time), Qt::UTC).toString(format));
+}
+
+double DateScaleDraw::nudge(double ms)
+{
+    return std::fmod(ms, 60000.0) > 59000.0 ? ms + 1000.0 : ms;
 }

@@ -15,6 +15,11 @@ public:
 
     QwtText label(double value) const override;
 
+    // A time less than a second short of a full minute counts as that
+    // minute: host times are Julian dates, whose conversion lands a hair
+    // before the minute they mean.
+    static double nudge(double ms);
+
 private:
     PriceGraph *m_chart;
     Plot *m_panel;

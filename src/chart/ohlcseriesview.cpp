@@ -26,5 +26,7 @@ QRectF OhlcSeriesView::boundingRect() const
         return QRectF(1.0, 1.0, -2.0, -2.0);
     double lo, hi;
     m_bars->priceRange(0, n - 1, lo, hi);
-    return QRectF(0.0, lo, n - 1, hi - lo);
+    // Qwt's layout for OHLC data: prices along x, positions along y; the
+    // vertical trading curve swaps them.
+    return QRectF(lo, 0.0, hi - lo, n - 1);
 }

@@ -10,13 +10,22 @@
 #include "qwtplotpannerx.h"
 #include "scaledrawwithprecision.h"
 #include "seriesrecord.h"
+#include "closelineview.h"
+#include "indicatorintervalview.h"
+#include "indicatorlineview.h"
 #include "tradingcurve.h"
+#include "visiblecurve.h"
+#include "visibleintervalcurve.h"
+#include "volumehistogram.h"
+#include "volumeseriesview.h"
 
+#include <QDateTime>
 #include <QDebug>
 #include <QKeyEvent>
 #include <QTimerEvent>
 #include <QWheelEvent>
 
+#include <qwt_date.h>
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_curve.h>
 #include <qwt_plot_grid.h>
@@ -47,6 +56,8 @@ Plot::Plot(PriceGraph *owner, QWidget *parent)
 
 Plot::~Plot()
 {
+    // Deleting attached items would replot from inside the teardown.
+    setAutoReplot(false);
     delete priceLines;
     priceLines = nullptr;
     if (chart)
@@ -252,18 +263,53 @@ void Plot::exportPlot()
 }
 
 // ---- sample binding --------------------------------------------------------
+//
+// The panel's own items read its stores through views and are never handed
+// vectors. These slots remain for callers that bring samples of their own:
+// the item then shows a copy of those samples (non-finite ones dropped, so
+// nothing non-finite reaches Qwt) instead of the panel's store.
+
+namespace {
+template <typename T, typename Finite>
+QVector<T> finiteOnly(const QVector<T> &data, Finite finite, const char *caller)
+{
+    QVector<T> out;
+    out.reserve(data.size());
+    for (const T &s : data) {
+        if (finite(s))
+            out.append(s);
+    }
+    if (out.size() != data.size())
+        qWarning("Plot::%s() dropped %d non-finite samples.", caller,
+                 int(data.size() - out.size()));
+    return out;
+}
+
+bool finiteInterval(const QwtIntervalSample &s)
+{
+    return BarSeries::isFinitePrice(s.value) && BarSeries::isFinitePrice(s.interval.minValue())
+           && BarSeries::isFinitePrice(s.interval.maxValue());
+}
+} // namespace
 
 void Plot::setOHLCSample(QwtPlotTradingCurve *pOhlc, QVector<QwtOHLCSample> data)
 {
-    if (pOhlc)
-        pOhlc->setSamples(data);
+    if (!pOhlc)
+        return;
+    pOhlc->setSamples(finiteOnly(data, [](const QwtOHLCSample &s) {
+        return BarSeries::isFinitePrice(s.time) && BarSeries::isFinitePrice(s.open)
+               && BarSeries::isFinitePrice(s.high) && BarSeries::isFinitePrice(s.low)
+               && BarSeries::isFinitePrice(s.close);
+    }, "setOHLCSample"));
 }
 
 void Plot::setLineSample(QwtPlotCurve *pCurve, QVector<QPointF> data)
 {
     if (!pCurve)
         return;
-    pCurve->setSamples(data);
+    pCurve->setSamples(finiteOnly(data, [](const QPointF &p) {
+        return BarSeries::isFinitePrice(p.x()) && BarSeries::isFinitePrice(p.y());
+    }, "setLineSample"));
     ChartEvents::send(this, ChartEvents::sync());
 }
 
@@ -271,21 +317,86 @@ void Plot::setVolumeSample(QwtPlotHistogram *pVolume, QVector<QwtIntervalSample>
 {
     if (!pVolume)
         return;
-    pVolume->setData(new QwtIntervalSeriesData(data));
+    pVolume->setData(new QwtIntervalSeriesData(finiteOnly(data, finiteInterval,
+                                                          "setVolumeSample")));
     ChartEvents::send(this, ChartEvents::sync());
 }
 
 void Plot::setBarSample(QwtPlotIntervalCurve *pBar, QVector<QwtIntervalSample> data)
 {
     if (pBar)
-        pBar->setSamples(data);
+        pBar->setSamples(finiteOnly(data, finiteInterval, "setBarSample"));
 }
 
 // ---- series ----------------------------------------------------------------
+//
+// How the data-feed calls find their series (the facade hands every call to
+// every panel):
+// - a price series answers to the exact names containing "OHLC" that were
+//   added to this panel; all of them feed the panel's one set of bars;
+// - the volume series answers to "volume" on a panel that added it;
+// - an indicator answers to the text before any '*', so "MA" and "MA*255"
+//   both feed the series added as "MA*255#x".
+// Anything else is not this panel's and is ignored.
+//
+// How samples are stored (BarSeries and IndicatorSeries hold the details):
+// - one copy of every sample; the items read it through views;
+// - bars sit at x = 0, 1, 2, ... in time order; a time already present
+//   replaces its bar, an older time is inserted in order and the bars after
+//   it move one to the right;
+// - EditOHLC/EditValue change the newest sample (its time is kept) and
+//   append on an empty series;
+// - non-finite or absurd values and times are rejected with a warning and
+//   leave the data as it was;
+// - indicator points are kept by time and drawn at the x of the bar of
+//   their time (interpolated between bars);
+// - "volume" writes the volume of the bar of its time in the bars this
+//   panel's x axis counts (axisBars()): its own price bars, else the main
+//   panel's; with no price bars at all the volume samples become bars of
+//   their own. A volume for a time without a bar is dropped with a debug
+//   line (the price call carries the same volume);
+// - a call with show = true schedules one deferred flush, so a burst of
+//   samples costs one replot; show = false only stores.
+
+QString Plot::seriesBaseName(const QString &name)
+{
+    const int star = name.indexOf(QLatin1Char('*'));
+    return star < 0 ? name : name.left(star);
+}
+
+QColor Plot::seriesColor(const QString &name)
+{
+    const int star = name.indexOf(QLatin1Char('*'));
+    if (star < 0)
+        return QColor(Qt::blue);
+    const int hash = name.indexOf(QLatin1Char('#'), star + 1);
+    const QString digits = name.mid(star + 1, hash < 0 ? -1 : hash - star - 1);
+    bool ok = false;
+    qlonglong v = digits.toLongLong(&ok, 10);
+    if (!ok || v == 0)
+        v = 0xFFFF0000;
+    return QColor(int((v >> 16) & 0xFF), int((v >> 8) & 0xFF), int(v & 0xFF));
+}
+
+SeriesRecord *Plot::series(const QString &name) const
+{
+    return seriesByName.value(seriesBaseName(name));
+}
+
+BarSeries *Plot::axisBars() const
+{
+    if (tradingCurve || !bars->isEmpty())
+        return bars;
+    Plot *main = chart ? PriceGraphPrivate::mainPanel(chart) : nullptr;
+    if (main && main != this && (main->tradingCurve || !main->bars->isEmpty()))
+        return main->bars;
+    return bars;
+}
 
 void Plot::AddSeries(QString name, long)
 {
     if (name.contains(QLatin1String("OHLC"))) {
+        priceNames.insert(name);
         if (!tradingCurve) {
             tradingCurve = new TradingCurve;
             tradingCurve->setTitle(QString());
@@ -300,52 +411,203 @@ void Plot::AddSeries(QString name, long)
             tradingCurve->setVisible(true);
         }
         if (!lineCurve) {
-            lineCurve = new QwtPlotCurve;
+            lineCurve = new VisibleCurve;
             lineCurve->setPen(Qt::white);
             lineColor = QColor(QStringLiteral("#b2b200"));
             lineCurve->setPen(lineColor, 1.5, Qt::SolidLine);
+            lineCurve->setData(new CloseLineView(bars));
             lineCurve->setRenderHint(QwtPlotItem::RenderAntialiased, true);
             lineCurve->setAxes(QwtPlot::xBottom, QwtPlot::yRight);
             lineCurve->attach(this);
             lineCurve->setVisible(false);
         }
+        // A style chosen before the price series existed is applied the
+        // next time it is set; the new curve starts as candles.
+        if (volumeHistogram)
+            volumeHistogram->setAxes(QwtPlot::xBottom, QwtPlot::yLeft);
+        return;
     }
+    if (name == QLatin1String("volume")) {
+        if (volumeHistogram) {
+            qDebug("Plot::AddSeries() this panel already holds a volume series.");
+            return;
+        }
+        auto *histogram = new VolumeHistogram;
+        histogram->setPen(QPen(Qt::red, 0));
+        histogram->setBrush(QBrush(Qt::red));
+        histogram->setData(new VolumeSeriesView(this));
+        // Beside a price series the volume stands on the hidden left axis,
+        // scaled into the lower part of the panel (updateVolumeScale).
+        histogram->setAxes(QwtPlot::xBottom, tradingCurve ? QwtPlot::yLeft : QwtPlot::yRight);
+        volumeHistogram = histogram;
+        volumeHistogram->attach(this);
+        volumeHistogram->setVisible(true);
+        if (!m_showVolume)
+            showVolume(false); // follows the chart's volume switch
+        return;
+    }
+
+    const QColor color = seriesColor(name);
+    const QString base = seriesBaseName(name);
+    delete seriesByName.take(base); // adding a name again replaces the series
+    const bool intervals = name.contains(QLatin1String(".end"));
+    auto *record = new SeriesRecord(base, color, intervals);
+    QwtPlotItem *item;
+    if (intervals) {
+        auto *curve = new VisibleIntervalCurve(color);
+        curve->setData(new IndicatorIntervalView(this, &record->points));
+        record->intervalCurve = curve;
+        item = curve;
+    } else {
+        auto *curve = new VisibleCurve(base);
+        curve->setPen(color, 0, Qt::SolidLine);
+        curve->setData(new IndicatorLineView(this, &record->points));
+        record->curve = curve;
+        item = curve;
+    }
+    item->setAxes(QwtPlot::xBottom, QwtPlot::yRight);
+    item->attach(this);
+    item->setVisible(true);
+    seriesByName.insert(base, record);
+    replot();
 }
 
-void Plot::RemoveSeries(QString) {}
+void Plot::RemoveSeries(QString name)
+{
+    if (isPriceName(name)) {
+        priceNames.remove(name);
+        if (!priceNames.isEmpty())
+            return; // another name still feeds the price series
+        delete tradingCurve;
+        tradingCurve = nullptr;
+        delete lineCurve;
+        lineCurve = nullptr;
+        bars->clear();
+        if (volumeHistogram)
+            volumeHistogram->setAxes(QwtPlot::xBottom, QwtPlot::yRight);
+    } else if (name == QLatin1String("volume") && volumeHistogram) {
+        delete volumeHistogram;
+        volumeHistogram = nullptr;
+        if (!tradingCurve)
+            bars->clear(); // bars that only carried volume
+    } else if (SeriesRecord *record = series(name)) {
+        seriesByName.remove(record->name);
+        delete record;
+    } else {
+        return;
+    }
+    scheduleReplot();
+}
+
+bool Plot::feedVolume(double time, bool edit, double open, double high, double low,
+                      double close, double volume)
+{
+    BarSeries *target = axisBars();
+    if (target == bars && !tradingCurve) {
+        // No price bars to stand on: the volume samples are this panel's
+        // own bars, placed by their own times.
+        return (edit ? bars->editLast(time, open, high, low, close, volume)
+                     : bars->add(time, open, high, low, close, volume))
+               != BarSeries::Rejected;
+    }
+    if (edit) {
+        if (target->isEmpty()) {
+            qDebug("Plot::EditOHLC() no price bar for the volume yet; ignored.");
+            return false;
+        }
+        return target->setVolume(target->size() - 1, volume);
+    }
+    const int i = target->timeTable().indexOf(time);
+    if (i < 0) {
+        // The price call carries the same volume, so nothing is lost when
+        // the host feeds the price bar afterwards.
+        qDebug("Plot::AppendOHLC() no price bar at time %.0f for the volume; ignored.", time);
+        return false;
+    }
+    return target->setVolume(i, volume);
+}
+
+// One entry for the four feed calls. `valueOnly` marks AppendValue and
+// EditValue, whose single value stands for open, high, low and close.
+bool Plot::feed(const QString &name, double time, bool edit, double open, double high,
+                double low, double close, double volume, bool valueOnly)
+{
+    if (isPriceName(name)) {
+        return (edit ? bars->editLast(time, open, high, low, close, volume)
+                     : bars->add(time, open, high, low, close, volume))
+               != BarSeries::Rejected;
+    }
+    if (volumeHistogram && name == QLatin1String("volume"))
+        return feedVolume(time, edit, open, high, low, close, volume);
+    SeriesRecord *record = series(name);
+    if (!record)
+        return false;
+    // A line shows the close; intervals run from low to high, or from 0 to
+    // the value for AppendValue.
+    double from = close, to = close;
+    if (record->points.isInterval()) {
+        from = valueOnly ? 0.0 : low;
+        to = valueOnly ? close : high;
+    }
+    return (edit ? record->points.editLast(time, from, to) : record->points.add(time, from, to))
+           != IndicatorSeries::Rejected;
+}
 
 void Plot::AppendOHLC(QString name, double time, bool show, double open, double high,
                       double low, double close, long volume)
 {
-    if (!tradingCurve || !name.contains(QLatin1String("OHLC")))
-        return;
-    if (bars->add(time, open, high, low, close, double(volume)) == BarSeries::Rejected)
-        return;
-    if (show)
+    if (feed(name, time, false, open, high, low, close, double(volume), false) && show)
         scheduleReplot();
 }
 
-void Plot::AppendValue(QString, double, double, bool) {}
+void Plot::AppendValue(QString name, double time, double value, bool show)
+{
+    const double volume = name == QLatin1String("volume") ? value : 0.0;
+    if (feed(name, time, false, value, value, value, value, volume, true) && show)
+        scheduleReplot();
+}
 
 void Plot::EditOHLC(QString name, double time, bool show, double open, double high, double low,
                     double close, long volume)
 {
-    if (!tradingCurve || !name.contains(QLatin1String("OHLC")))
-        return;
-    if (bars->editLast(time, open, high, low, close, double(volume)) == BarSeries::Rejected)
-        return;
-    if (show)
+    if (feed(name, time, true, open, high, low, close, double(volume), false) && show)
         scheduleReplot();
 }
 
-void Plot::EditValue(QString, double, double, bool) {}
-void Plot::ClearValues(QString) {}
+void Plot::EditValue(QString name, double time, double value, bool show)
+{
+    const double volume = name == QLatin1String("volume") ? value : 0.0;
+    if (feed(name, time, true, value, value, value, value, volume, true) && show)
+        scheduleReplot();
+}
+
+void Plot::ClearValues(QString name)
+{
+    if (isPriceName(name)) {
+        bars->clear(); // the volumes of these bars go with them
+    } else if (volumeHistogram && name == QLatin1String("volume")) {
+        BarSeries *target = axisBars();
+        if (target == bars && !tradingCurve)
+            bars->clear();
+        else
+            target->clearVolumes();
+    } else if (SeriesRecord *record = series(name)) {
+        record->points.clear();
+    } else {
+        return;
+    }
+    // The view, the separators and the scales follow on the next flush.
+    scheduleReplot();
+}
 
 void Plot::FlushTa()
 {
+    // Day separators and the volume scale are brought up to date by
+    // replot(), which the navigation's range update runs.
+    const quint64 before = m_replots;
     navigator->dataChanged();
-    updateDaySeparators();
-    replot();
+    if (m_replots == before)
+        replot();
 }
 
 void Plot::scheduleReplot()
@@ -365,17 +627,108 @@ void Plot::timerEvent(QTimerEvent *event)
     FlushTa();
 }
 
-void Plot::updateDaySeparators() {}
+void Plot::replot()
+{
+    ++m_replots;
+    const bool separators = interval > 0.0 && interval < 86400000.0;
+    const bool volumeOverlay = tradingCurve && volumeHistogram;
+    if (separators || volumeOverlay || !daySeparators.isEmpty()) {
+        const bool autoRefresh = autoReplot();
+        setAutoReplot(false); // the changes below must not replot from inside
+        updateAxes();         // the x scale this replot will show
+        updateDaySeparators();
+        updateVolumeScale();
+        setAutoReplot(autoRefresh);
+    }
+    QwtPlot::replot();
+}
+
+// Markers stand only over the visible bars: the bars in view (plus one
+// before, to tell whether the first of them starts a day) are walked, so a
+// live tick or a scroll costs what is visible, never the history. The list
+// of markers is reused and only grows; unused ones are detached. None are
+// shown on daily and longer charts, nor when the view spans more than
+// MaxSeparatorSpan bars (they would be denser than the pixels).
+void Plot::updateDaySeparators()
+{
+    static const int MaxSeparatorSpan = 20000;
+    static const double Day = 86400000.0;
+    int used = 0;
+    const BarSeries *axis = axisBars();
+    const int n = axis->size();
+    if (interval > 0.0 && interval < Day && n > 0) {
+        const QwtInterval view = axisScaleDiv(QwtPlot::xBottom).interval().normalized();
+        const double lo = std::max(std::floor(view.minValue()), 0.0);
+        const double hi = std::min(std::ceil(view.maxValue()), double(n - 1));
+        if (std::isfinite(lo) && std::isfinite(hi) && hi >= lo && hi - lo <= MaxSeparatorSpan) {
+            const int first = int(lo), last = int(hi);
+            // The UTC date of a plotting time is its whole number of days,
+            // taken after the same nudge as the axis labels (a Julian
+            // midnight converts to a hair before it).
+            const auto dayOf = [axis](int i) {
+                return std::floor(DateScaleDraw::nudge(axis->time(i)) / Day);
+            };
+            double previous = first > 0 ? dayOf(first - 1) : NAN;
+            for (int i = first; i <= last; ++i) {
+                const double day = dayOf(i);
+                if (day == previous)
+                    continue;
+                previous = day;
+                if (used == daySeparators.size())
+                    daySeparators.append(new QwtPlotMarker(QString()));
+                QwtPlotMarker *marker = daySeparators.at(used++);
+                marker->setLabel(QwtText(
+                    QwtDate::toDateTime(DateScaleDraw::nudge(axis->time(i)), Qt::UTC)
+                        .toString(QStringLiteral("MM/dd"))));
+                marker->setLabelAlignment(Qt::AlignRight | Qt::AlignTop);
+                marker->setLabelOrientation(Qt::Horizontal);
+                marker->setLineStyle(QwtPlotMarker::VLine);
+                marker->setLinePen(Qt::darkGray, 0, Qt::DotLine);
+                marker->setAxes(QwtPlot::xBottom, QwtPlot::yRight);
+                marker->setXValue(double(i));
+                if (marker->plot() != this)
+                    marker->attach(this);
+            }
+        }
+    }
+    for (int k = used; k < daySeparators.size(); ++k) {
+        if (daySeparators.at(k)->plot())
+            daySeparators.at(k)->detach();
+    }
+}
+
+// Beside a price series the volume columns take the lower quarter of the
+// panel: the hidden left axis runs from 0 to four times the largest volume
+// in view.
+void Plot::updateVolumeScale()
+{
+    if (!tradingCurve || !volumeHistogram)
+        return;
+    const QwtInterval view = axisScaleDiv(QwtPlot::xBottom).interval().normalized();
+    const double lo = std::max(std::ceil(view.minValue()), -1.0);
+    const double hi = std::min(std::floor(view.maxValue()), double(bars->size()));
+    double top = 0.0;
+    if (!(std::isfinite(lo) && std::isfinite(hi) && bars->volumeRange(int(lo), int(hi), top))
+        || !(top > 0.0))
+        top = 1.0;
+    setAxisScale(QwtPlot::yLeft, 0.0, top * 4.0);
+}
 
 bool Plot::hasSeries()
 {
     return tradingCurve || volumeHistogram || !seriesByName.isEmpty();
 }
 
+// A volume panel is shown or hidden whole; beside a price series only the
+// volume columns are, so the prices never vanish with the volume.
 void Plot::showVolume(bool bShow)
 {
     m_showVolume = bShow;
-    if (volumeHistogram)
+    if (!volumeHistogram)
+        return;
+    if (tradingCurve)
+        showItem(volumeHistogram, bShow);
+    else
         setVisible(bShow);
 }
 
@@ -391,40 +744,71 @@ void Plot::showItem(QwtPlotItem *item, bool on)
 
 double Plot::TimeToIndexSuitable(double time)
 {
-    return bars->timeTable().suitableIndex(time);
+    return axisBars()->timeTable().suitableIndex(time);
 }
 
 double Plot::indexToTime(double index) const
 {
-    const int n = bars->size();
+    const BarSeries *axis = axisBars();
+    const int n = axis->size();
     if (n == 0)
         return -1.0;
     if (!(index >= 0.0))
-        return bars->time(0);
+        return axis->time(0);
     if (index >= n)
-        return bars->time(n - 1);
-    return bars->time(int(index));
+        return axis->time(n - 1);
+    return axis->time(int(index));
 }
 
 double Plot::timeAtIndex(long index) const
 {
-    return (index >= 0 && index < bars->size()) ? bars->time(int(index)) : 0.0;
+    const BarSeries *axis = axisBars();
+    return (index >= 0 && index < axis->size()) ? axis->time(int(index)) : 0.0;
 }
 
 int Plot::barCount() const
 {
-    return bars->size();
+    return (tradingCurve || volumeHistogram || !seriesByName.isEmpty()) ? axisBars()->size() : 0;
 }
 
 bool Plot::valueRange(double x1, double x2, double &low, double &high) const
 {
     if (!std::isfinite(x1) || !std::isfinite(x2))
         return false;
-    const double first = std::max(std::ceil(std::min(x1, x2)), -1.0);
-    const double last = std::min(std::floor(std::max(x1, x2)), double(bars->size()));
-    if (tradingCurve)
-        return bars->priceRange(int(first), int(last), low, high);
-    return false;
+    if (x1 > x2)
+        std::swap(x1, x2);
+    const BarSeries *axis = axisBars();
+    const double first = std::max(std::ceil(x1), -1.0);
+    const double last = std::min(std::floor(x2), double(axis->size()));
+    bool any = false;
+    double lo = 0.0, hi = 0.0;
+    const auto widen = [&](double a, double b) {
+        lo = any ? std::min(lo, a) : a;
+        hi = any ? std::max(hi, b) : b;
+        any = true;
+    };
+    double a, b;
+    if (tradingCurve && first <= last && bars->priceRange(int(first), int(last), a, b))
+        widen(a, b);
+    // Volume shares the right axis only when the panel shows no prices.
+    if (volumeHistogram && !tradingCurve && first <= last
+        && axis->volumeRange(int(first), int(last), b))
+        widen(0.0, b);
+    for (const SeriesRecord *record : seriesByName) {
+        if (record->points.valueRange(x1, x2, axis->timeTable(), a, b))
+            widen(a, b);
+    }
+    if (!any)
+        return false;
+    if (hi - lo < 1e-12 * std::max(1.0, std::fabs(hi))) {
+        // A flat range has no span to scale: open it around the value.
+        const double pad = std::max(std::fabs(hi) * 0.005, 0.5e-6);
+        lo -= pad;
+        hi += pad;
+    }
+    low = lo;
+    high = hi;
+    return true;
 }
 
 double Plot::candleWidth(double x1, double x2) const
@@ -437,12 +821,14 @@ double Plot::candleWidth(double x1, double x2) const
     return tradingCurve->symbolWidth(xMap, yMap, canvas()->contentsRect());
 }
 
+// Bars sit at whole x positions, so the neighbours of x are floor(x) and the
+// bar after it; a tie goes to the earlier bar.
 bool Plot::getYFromX(double x, QwtOHLCSample &y)
 {
     const int n = bars->size();
     if (n == 0)
         return false;
-    if (!(x >= 0.0)) {
+    if (!(x >= 0.0)) { // left of the first bar, or not a number
         y = bars->sample(0);
         return true;
     }
@@ -450,8 +836,6 @@ bool Plot::getYFromX(double x, QwtOHLCSample &y)
         y = bars->sample(n - 1);
         return true;
     }
-    // Bars sit at whole x positions: the lower neighbour is floor(x). A tie
-    // goes to the earlier bar.
     const int lower = int(std::floor(x));
     const bool upperNearer = (lower + 1 - x) < (x - lower);
     y = bars->sample(upperNearer ? lower + 1 : lower);

@@ -5,6 +5,7 @@
 #include <QFont>
 #include <QMap>
 #include <QPointer>
+#include <QSet>
 #include <QString>
 #include <QVector>
 
@@ -75,8 +76,13 @@ public:
     double indexToTime(double index) const;
     // Plotting time of bar `index`, or 0 when there is no such bar (labels).
     double timeAtIndex(long index) const;
-    // Number of price bars held by this panel.
+    // Number of bar positions this panel's series span: its own bars, or the
+    // main panel's for a panel of indicators or volume; 0 with no series.
     int barCount() const;
+    // The bars whose indices are this panel's x axis: its own when it holds
+    // a price series (or bars of its own), else the main panel's when that
+    // holds a price series, else its own (empty) bars.
+    BarSeries *axisBars() const;
     // Lowest and highest value drawn by this panel's series over the bars
     // [x1, x2]; false when nothing is drawn there.
     bool valueRange(double x1, double x2, double &low, double &high) const;
@@ -89,6 +95,16 @@ public:
     PlotPriceLinesData *getPriceLines() const { return priceLines; }
     PriceGraph *getChart() const { return chart; }
     const QVector<QwtPlotMarker *> &getDaySeparators() const { return daySeparators; }
+    // The indicator `name` (the text before any '*'), or null.
+    SeriesRecord *series(const QString &name) const;
+    // The series name that an indicator name stands for, and its colour.
+    static QString seriesBaseName(const QString &name);
+    static QColor seriesColor(const QString &name);
+
+    // Prepares what follows the view (day separators, the volume scale of a
+    // price panel) and redraws. Counted, so bursts can be checked.
+    void replot() override;
+    quint64 replotCount() const { return m_replots; }
 
     // Requests one replot from the event loop; a burst of requests costs one.
     void scheduleReplot();
@@ -152,6 +168,12 @@ private:
     void setup();
     void applyChartType();
     void updateDaySeparators();
+    void updateVolumeScale();
+    bool feed(const QString &name, double time, bool edit, double open, double high, double low,
+              double close, double volume, bool valueOnly);
+    bool feedVolume(double time, bool edit, double open, double high, double low, double close,
+                    double volume);
+    bool isPriceName(const QString &name) const { return priceNames.contains(name); }
 
 public:
     // Members that the other parts of the library work with.
@@ -184,7 +206,9 @@ public:
 private:
     BarSeries *bars = nullptr;      // this panel's price bars (times, OHLC, volume)
     QVector<QwtPlotMarker *> daySeparators;
+    QSet<QString> priceNames;        // names containing "OHLC" added to this panel
     int replotTimer = 0;
+    quint64 m_replots = 0;
 };
 
 #endif // PLOT_H

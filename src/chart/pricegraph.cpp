@@ -208,7 +208,8 @@ long PriceGraph::AddSeries(QString name, long type, long panel, long, long, bool
         AddChartPanel();
     Plot *p = d->panels.at(int(panel));
     p->AddSeries(name, type);
-    p->show();
+    // A volume panel stays hidden while the chart's volume switch is off.
+    p->setVisible(!p->volumeHistogram || p->tradingCurve || p->m_showVolume);
     p->setAxisFont(QwtPlot::xBottom, font());
     p->setAxisFont(QwtPlot::yRight, font());
     return panel;
@@ -288,10 +289,12 @@ void PriceGraph::ClearValues(const char *name)
 
 void PriceGraph::Update()
 {
+    // Samples fed with show = false are drawn by this call: each panel
+    // flushes (view, separators, scales) and replots.
     QMutexLocker locker(d->mutex);
     const QList<Plot *> panels = d->panels;
     for (Plot *p : panels)
-        p->replot();
+        p->FlushTa();
 }
 
 // ---- display options -------------------------------------------------------

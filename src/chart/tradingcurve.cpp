@@ -24,6 +24,13 @@ void TradingCurve::setBars(const BarSeries *bars)
     setSamples(new OhlcSeriesView(bars));
 }
 
+size_t TradingCurve::sampleCount() const
+{
+    // QwtPlotTradingCurve keeps its store as a private base; the size is
+    // reached through the abstract store (see the using-declaration).
+    return dataSize();
+}
+
 double TradingCurve::symbolWidth(const QwtScaleMap &xMap, const QwtScaleMap &yMap,
                                  const QRectF &canvasRect) const
 {
@@ -38,11 +45,13 @@ void TradingCurve::drawSeries(QPainter *painter, const QwtScaleMap &xMap,
     // on each side for partly visible candles) are drawn.
     const double lo = std::min(xMap.s1(), xMap.s2());
     const double hi = std::max(xMap.s1(), xMap.s2());
-    if (to < 0)
-        to = m_bars ? m_bars->size() - 1 : -1;
+    const int n = int(sampleCount());
+    if (to < 0 || to >= n)
+        to = n - 1;
+    from = std::max(from, 0);
     if (std::isfinite(lo) && std::isfinite(hi)) {
-        from = std::max(from, int(std::max(std::floor(lo) - 1.0, -1.0)));
-        to = std::min(to, int(std::min(std::ceil(hi) + 1.0, double(to))));
+        from = std::max(from, int(std::min(std::max(std::floor(lo) - 1.0, 0.0), double(n))));
+        to = std::min(to, int(std::max(std::min(std::ceil(hi) + 1.0, double(to)), -1.0)));
     }
     if (from > to)
         return;

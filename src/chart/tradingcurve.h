@@ -31,6 +31,9 @@ protected:
                         double symbolWidth) const override;
 
 private:
+    using QwtAbstractSeriesStore::dataSize;
+    size_t sampleCount() const;
+
     const BarSeries *m_bars = nullptr;
 };
 

@@ -3,6 +3,7 @@
 #include <QDebug>
 
 #include <algorithm>
+#include <cmath>
 
 int SampleTimeTable::indexOf(double time) const
 {
@@ -43,15 +44,28 @@ double SampleTimeTable::suitableIndex(double time) const
         qDebug("Plot::TimeToIndexSuitable() data sample is not ready.\n");
         return 0.0;
     }
-    const int exact = indexOf(time);
-    if (exact >= 0)
-        return double(exact);
-    if (m_times.size() == 1) {
-        qDebug("Plot::TimeToIndexSuitable() no enough data sample|%d.\n", size());
+    if (!std::isfinite(time)) {
+        qDebug("Plot::TimeToIndexSuitable() ignored a non-finite time.\n");
         return 0.0;
     }
-    int lo; // index of t0; t1 is the next bar
+    double index = 0.0;
+    if (!fractionalIndex(time, &index))
+        qDebug("Plot::TimeToIndexSuitable() no enough data sample|%d.\n", size());
+    return index;
+}
+
+bool SampleTimeTable::fractionalIndex(double time, double *index) const
+{
+    if (updating || m_times.empty() || !std::isfinite(time))
+        return false;
     const int l = lowerBound(time);
+    if (l < size() && m_times[size_t(l)] == time) {
+        *index = double(l);
+        return true;
+    }
+    if (m_times.size() == 1)
+        return false;
+    int lo; // index of t0; t1 is the next bar
     if (l >= size())
         lo = size() - 2;
     else if (l == 0)
@@ -60,5 +74,6 @@ double SampleTimeTable::suitableIndex(double time) const
         lo = l - 1;
     const double t0 = m_times[size_t(lo)];
     const double t1 = m_times[size_t(lo + 1)];
-    return lo + (time - t0) / (t1 - t0); // consecutive bars are 1.0 apart
+    *index = lo + (time - t0) / (t1 - t0); // consecutive bars are 1.0 apart
+    return true;
 }

@@ -37,6 +37,10 @@ public:
     // two outermost bars. 0.0 (with a debug line) while the table is being
     // rebuilt or holds fewer than two bars.
     double suitableIndex(double time) const;
+    // The same mapping without the debug lines: false (and *index untouched)
+    // when the table is being rebuilt, is empty, or holds one bar at another
+    // time.
+    bool fractionalIndex(double time, double *index) const;
 
     // Set while the table and the samples disagree; lookups answer 0.0.
     bool updating = false;
