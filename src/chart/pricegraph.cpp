@@ -3,6 +3,7 @@
 #include "eventsync.h"
 #include "overlaylayout.h"
 #include "overlaywidget.h"
+#include "panelclosebutton.h"
 #include "plot.h"
 #include "plotpricelinesdata.h"
 #include "plotscrollbar.h"
@@ -121,6 +122,7 @@ void PriceGraph::OnPlotClose(Plot *plot)
 {
     d->panels.removeOne(plot);
     d->eventSync->removePanel(plot);
+    // The scroll bar serves the main panel, whichever that is now.
     d->scrollBar->setPlot(d->panels.value(0));
 }
 
@@ -141,10 +143,13 @@ void PriceGraph::removePannels(QList<Plot *> &list)
 
 void PriceGraph::resetLayout()
 {
+    // The price panel takes twice the height of each other panel; only the
+    // lowest panel shows dates; every panel but the main one can be closed.
     for (int i = 0; i < d->panels.count() && i < d->splitter->count(); ++i) {
         QWidget *w = d->splitter->widget(i);
         d->splitter->setStretchFactor(i, w == d->panels.first() ? 2 : 1);
         d->panels[i]->enableAxis(QwtPlot::xBottom, i == d->panels.count() - 1);
+        PanelCloseButton::showFor(d->panels[i], i > 0);
     }
     d->splitter->refresh();
     if (d->splitter->count() == 0)
@@ -163,6 +168,7 @@ void PriceGraph::ResetSplitter()
     d->splitter->setOrientation(Qt::Vertical);
     d->splitter->setHandleWidth(1);
     overlayLayout->addWidget(d->splitter);
+    // The overlay lies on top of the panels and lets the mouse through.
     d->overlay->setParent(nullptr);
     d->overlay->setAttribute(Qt::WA_TransparentForMouseEvents);
     overlayLayout->addWidget(d->overlay);
@@ -176,7 +182,9 @@ void PriceGraph::ResetSplitter()
     d->scrollBar->setPageStep(1);
     d->scrollBar->setRange(0, 0);
     d->scrollBar->setValue(0);
-    vbox->addWidget(d->scrollBar, 0);
+
+    // The bar with the zoom buttons at its right end.
+    vbox->addWidget(d->rebuildScrollRow(), 0);
     setLayout(vbox);
 }
 

@@ -7,6 +7,9 @@
 #include "pricegraph.h"
 #include "zoombuttons.h"
 
+#include <QHBoxLayout>
+#include <QMutexLocker>
+#include <QPushButton>
 #include <QSplitter>
 
 #include <cmath>
@@ -21,6 +24,7 @@ PriceGraphPrivate::PriceGraphPrivate(PriceGraph *chart)
     , l1DecimalFix(1.0 / std::pow(10.0, 6))
 {
     splitter = new QSplitter;
+    zoomButtons = new ZoomButtons(chart);
 }
 
 PriceGraphPrivate::~PriceGraphPrivate()
@@ -38,6 +42,33 @@ PriceGraphPrivate::~PriceGraphPrivate()
     delete eventSync;
     delete splitter;
     delete mutex;
+}
+
+QWidget *PriceGraphPrivate::rebuildScrollRow()
+{
+    QPushButton *zoomIn = zoomButtons->button(0);
+    QPushButton *zoomOut = zoomButtons->button(1);
+    if (scrollRow) {
+        scrollBar->setParent(nullptr);
+        zoomIn->setParent(nullptr);
+        zoomOut->setParent(nullptr);
+        delete scrollRow;
+    }
+    // On the bar's own background, so the transparent buttons blend in.
+    QWidget *row = new QWidget;
+    row->setObjectName(QStringLiteral("scrollRow"));
+    row->setAutoFillBackground(true);
+    QPalette palette = row->palette();
+    palette.setColor(QPalette::Window, QColor(0x11, 0x11, 0x11));
+    row->setPalette(palette);
+    QHBoxLayout *layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 6, 0);
+    layout->setSpacing(4);
+    layout->addWidget(scrollBar, 1);
+    layout->addWidget(zoomIn, 0, Qt::AlignVCenter);
+    layout->addWidget(zoomOut, 0, Qt::AlignVCenter);
+    scrollRow = row;
+    return row;
 }
 
 PriceGraphPrivate *PriceGraphPrivate::get(PriceGraph *chart)
@@ -74,4 +105,31 @@ double PriceGraphPrivate::decimalFix(PriceGraph *chart)
 QWidget *PriceGraphPrivate::overlayWidget(PriceGraph *chart)
 {
     return chart->getOverlayWidget();
+}
+
+ZoomButtons *PriceGraphPrivate::zoomButtonsOf(PriceGraph *chart)
+{
+    return (chart && chart->d) ? chart->d->zoomButtons : nullptr;
+}
+
+PlotScrollBar *PriceGraphPrivate::scrollBarOf(PriceGraph *chart)
+{
+    return (chart && chart->d) ? chart->d->scrollBar : nullptr;
+}
+
+EventSync *PriceGraphPrivate::eventSyncOf(PriceGraph *chart)
+{
+    return (chart && chart->d) ? chart->d->eventSync : nullptr;
+}
+
+void PriceGraphPrivate::closePanel(PriceGraph *chart, Plot *plot)
+{
+    if (!chart || !chart->d)
+        return;
+    QMutexLocker locker(chart->d->mutex);
+    const QList<Plot *> &panels = chart->d->panels;
+    if (panels.indexOf(plot) <= 0) // unknown, or the main panel
+        return;
+    delete plot;
+    chart->resetLayout();
 }

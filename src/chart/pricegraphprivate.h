@@ -14,6 +14,7 @@ class Plot;
 class PlotScrollBar;
 class PriceGraph;
 class QSplitter;
+class QWidget;
 class ZoomButtons;
 
 // Private data of PriceGraph. Not part of the API.
@@ -51,7 +52,12 @@ public:
     int l1Extra = 0;
     double l1DecimalFix;            // 1 / 10^(decimals + 2)
 
-    ZoomButtons *zoomButtons = nullptr;
+    ZoomButtons *zoomButtons = nullptr;  // right end of the scroll-bar row
+    QPointer<QWidget> scrollRow;        // the row under the panels (rebuilt by ResetSplitter)
+
+    // Makes a new scroll-bar row (the bar, then the zoom buttons at its
+    // right end) in place of the old one, keeping the bar and the buttons.
+    QWidget *rebuildScrollRow();
 
     // Access for library code to the facade's protected members.
     static Plot *mainPanel(PriceGraph *chart);
@@ -60,6 +66,12 @@ public:
     static int decimals(PriceGraph *chart);
     static double decimalFix(PriceGraph *chart);
     static QWidget *overlayWidget(PriceGraph *chart);
+    static ZoomButtons *zoomButtonsOf(PriceGraph *chart);
+    static PlotScrollBar *scrollBarOf(PriceGraph *chart);
+    static EventSync *eventSyncOf(PriceGraph *chart);
+    // Destroys a sub-panel the user closed (it reports back through
+    // OnPlotClose) and lays the rest out again. The main panel stays.
+    static void closePanel(PriceGraph *chart, Plot *plot);
 };
 
 #endif // PRICEGRAPHPRIVATE_H

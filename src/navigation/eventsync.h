@@ -28,9 +28,11 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    static void copyView(Plot *source, Plot *target);
+
     QList<Plot *> m_panels;
     QList<QEvent::Type> m_syncTypes;
-    bool m_busy = false;
+    bool m_busy = false; // set while copying: drops the echoes of our own setX calls
 };
 
 #endif // EVENTSYNC_H

@@ -1,10 +1,38 @@
 #include "plotnavigator.h"
 
+#include "chartevents.h"
 #include "plot.h"
+#include "plotfreezeevent.h"
+#include "plotscrollevent.h"
+#include "pricegraphprivate.h"
+#include "zoombuttons.h"
+
+#include <QCoreApplication>
+#include <QDebug>
+#include <QResizeEvent>
+
+#include <qwt_plot_canvas.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+// Bar positions beyond this are nonsense from the host; Qwt must never see
+// them (it allocates without bound on huge ranges).
+constexpr double MaxPosition = 1e9;
+
+bool usable(double x)
+{
+    return std::isfinite(x) && std::fabs(x) <= MaxPosition;
+}
+
+} // namespace
 
 PlotNavigator::PlotNavigator(Plot *plot)
     : m_plot(plot)
 {
+    m_plot->canvas()->installEventFilter(this);
 }
 
 void PlotNavigator::getX(double &x1, double &x2) const
@@ -15,43 +43,411 @@ void PlotNavigator::getX(double &x1, double &x2) const
 
 void PlotNavigator::setX(double x1, double x2, double zoom)
 {
+    applyView(x1, x2, zoom, true);
+}
+
+void PlotNavigator::applyView(double x1, double x2, double zoom, bool replot)
+{
     if (x1 == 0.0 && x2 == 0.0)
         return;
-    if (zoom != -1.0)
-        m_zoom = zoom;
-    m_viewX1 = x1;
-    m_viewX2 = x2;
+    if (!usable(x1) || !usable(x2)) {
+        qWarning("Plot::setX() ignored the range (%g, %g).", x1, x2);
+        return;
+    }
+    if (x1 > x2)
+        std::swap(x1, x2);
+    bool zoomChanged = false;
+    if (zoom != -1.0) {
+        if (std::isfinite(zoom) && zoom > 0.0) {
+            zoomChanged = zoom != m_zoom;
+            m_zoom = zoom;
+        } else {
+            qWarning("Plot::setX() ignored the zoom %g.", zoom);
+        }
+    }
     const bool autoReplot = m_plot->autoReplot();
     m_plot->setAutoReplot(false);
-    const double d = (x2 - x1) * m_zoom;
-    const double lower = (x1 + x2) * 0.5 - 0.5 * d;
-    m_plot->setAxisScale(QwtPlot::xBottom, lower, lower + d);
-    double low, high;
-    if (m_plot->valueRange(lower, lower + d, low, high)) {
-        const double mid = (low + high) * 0.5;
-        const double span = (high - low) * m_yZoom;
-        m_plot->setAxisScale(QwtPlot::yRight, mid - span * 0.5, mid + span * 0.5);
-    }
-    m_plot->replot();
+    m_viewX1 = x1;
+    m_viewX2 = x2;
+    if (zoomChanged)
+        updateScrollLimits(); // margins are in bars and follow the zoom
+    applyScales();
+    if (replot)
+        m_plot->replot();
     m_plot->setAutoReplot(autoReplot);
 }
 
-void PlotNavigator::adjustX(double &, double &) {}
-void PlotNavigator::scrollRight(long) {}
-void PlotNavigator::scrollToEnd() {}
-void PlotNavigator::zoomIn() {}
-void PlotNavigator::zoomOut() {}
-void PlotNavigator::resetZoom() {}
-void PlotNavigator::zoomInY(double) {}
-void PlotNavigator::zoomOutY(double) {}
-void PlotNavigator::moveX(double) {}
-void PlotNavigator::recordChartCenter() {}
-void PlotNavigator::restoreChartCenter() {}
+void PlotNavigator::applyScales()
+{
+    ViewRange d = ViewRange::fromLogical(m_viewX1, m_viewX2, m_zoom);
+    if (!(d.width() > 0.0))
+        d = ViewRange(d.lower() - 0.5, d.lower() + 0.5); // a degenerate range shows one bar
+    m_plot->setAxisScale(QwtPlot::xBottom, d.lower(), d.upper(), 0);
+    double low, high;
+    if (!m_plot->valueRange(d.lower(), d.upper(), low, high) || !std::isfinite(low)
+        || !std::isfinite(high))
+        return;
+    const double mid = (low + high) * 0.5;
+    double span = (high - low) * m_yZoom;
+    if (!(span > 0.0)) // flat prices: give them some room around the centre
+        span = std::max(std::fabs(mid) * 0.02, 1e-6);
+    if (!std::isfinite(span))
+        return;
+    m_plot->setAxisScale(QwtPlot::yRight, mid - span * 0.5, mid + span * 0.5, 0);
+}
+
+void PlotNavigator::adjustX(double &min, double &max)
+{
+    if (!usable(min) || !usable(max)) {
+        qWarning("Plot::AdjustX() left the range (%g, %g) as it is.", min, max);
+        return;
+    }
+    ViewRange d = m_limits.clamp(ViewRange::fromLogical(min, max, m_zoom));
+    if (m_plot->tradingCurve)
+        d = m_limits.snap(d, m_plot->candleWidth(d.lower(), d.upper()));
+    d.toLogical(m_zoom, min, max);
+}
+
+void PlotNavigator::updateScrollLimits()
+{
+    double dataMinX, dataMaxX;
+    dataExtent(dataMinX, dataMaxX);
+    const double v = visibleSpan();
+    const double w = m_plot->candleWidth(dataMaxX - v, dataMaxX);
+    m_limits.update(dataMinX, dataMaxX, v, w, m_plot->getLeftInset(), m_zoom);
+    const ViewRange d = displayedRange();
+    PlotScrollEvent event(m_limits.minX(), m_limits.maxX(), d.lower(), d.width());
+    QCoreApplication::sendEvent(m_plot, &event);
+}
+
+// ---- scrolling ---------------------------------------------------------------
+
+void PlotNavigator::scrollRight(long records)
+{
+    // A scroll sent to any panel moves the main panel; the others follow it
+    // through the synchronisation event. Ask until the answer settles.
+    Plot *target = m_plot;
+    for (int guard = 0; guard < 8; ++guard) {
+        Plot *main = mainPanel();
+        if (!main || main == target)
+            break;
+        target = main;
+    }
+    target->getNavigator()->scrollBy(records);
+}
+
+void PlotNavigator::scrollBy(long records)
+{
+    if (!hasView())
+        return;
+    double x1 = m_viewX1, x2 = m_viewX2;
+    if (!(m_limits.span() < visibleSpan())) {
+        x1 += records;
+        x2 += records;
+    }
+    adjustX(x1, x2);
+    setX(x1, x2, -1.0);
+    m_plot->SyncAllPannel();
+}
+
+void PlotNavigator::scrollToEnd()
+{
+    const double v = visibleSpan();
+    double x1, x2;
+    ViewRange(m_limits.maxX() - v, m_limits.maxX()).toLogical(m_zoom, x1, x2);
+    setX(x1, x2, -1.0);
+}
+
+bool PlotNavigator::isAtEnd() const
+{
+    // An empty view follows the newest bars.
+    if (m_viewX1 == m_viewX2)
+        return true;
+    return m_limits.isAtEnd(displayedRange().upper());
+}
+
+void PlotNavigator::moveX(double dx)
+{
+    if (!std::isfinite(dx))
+        return;
+    if (!m_plot->tradingCurve) {
+        Plot *main = mainPanel();
+        if (main && main != m_plot) {
+            main->moveX(dx);
+            return;
+        }
+    }
+    if (!hasView())
+        return;
+    if (!m_pan.add(m_zoom * dx))
+        return;
+    const double pending = m_pan.take();
+    const double width = canvasWidth();
+    const double shift = width > 0.0 ? (m_viewX2 - m_viewX1) * pending / width : 0.0;
+    if (visibleSpan() < m_limits.span()) {
+        // Dragging to the right brings older bars into view.
+        double x1 = m_viewX1 - shift, x2 = m_viewX2 - shift;
+        adjustX(x1, x2);
+        setX(x1, x2, -1.0);
+    }
+    ChartEvents::send(m_plot, ChartEvents::pan());
+}
+
+// ---- zoom --------------------------------------------------------------------
+
+void PlotNavigator::zoomIn()
+{
+    const bool atEnd = isAtEnd();
+    const double zoom = std::max(m_zoom * 0.5, MinZoom);
+    if (zoom == m_zoom)
+        return;
+    m_zoom = zoom;
+    if (m_zoom <= MinZoom)
+        setZoomHighlight(0, false);
+    if (m_zoom < MaxZoom)
+        setZoomHighlight(1, true);
+    finishZoom(atEnd);
+    ChartEvents::send(m_plot, ChartEvents::sync());
+    m_plot->canvas()->setFocus(Qt::OtherFocusReason);
+}
+
+void PlotNavigator::zoomOut()
+{
+    const bool atEnd = isAtEnd();
+    const double old = m_zoom;
+    const double zoom = std::min(m_zoom * 2.0, MaxZoom);
+    if (zoom == m_zoom)
+        return;
+    m_zoom = zoom;
+    if (m_zoom > MinZoom)
+        setZoomHighlight(0, true);
+    if (m_zoom >= MaxZoom)
+        setZoomHighlight(1, false);
+    // Stop before a bar would get less than a pixel (the highlights stay).
+    if ((m_viewX2 - m_viewX1) * m_zoom > canvasWidth()) {
+        m_zoom = old;
+        return;
+    }
+    finishZoom(atEnd);
+    m_plot->SyncAllPannel();
+    m_plot->canvas()->setFocus(Qt::OtherFocusReason);
+}
+
+void PlotNavigator::finishZoom(bool wasAtEnd)
+{
+    updateScrollLimits();
+    if (!hasView())
+        return;
+    const double v = visibleSpan();
+    double x1, x2;
+    if (m_limits.span() <= v) {
+        // Everything fits: show it from the left limit.
+        ViewRange(m_limits.minX(), m_limits.minX() + v).toLogical(m_zoom, x1, x2);
+        setX(x1, x2, m_zoom);
+        return;
+    }
+    if (wasAtEnd) {
+        // Where the adjusted range would land does not matter: go straight
+        // to the newest bars (one replot instead of two).
+        scrollToEnd();
+        return;
+    }
+    x1 = m_viewX1;
+    x2 = m_viewX2;
+    adjustX(x1, x2);
+    setX(x1, x2, m_zoom);
+}
+
+void PlotNavigator::resetZoom()
+{
+    const bool atEnd = isAtEnd();
+    m_zoom = 1.0;
+    setZoomHighlight(0, true);
+    setZoomHighlight(1, true);
+    updateScrollLimits();
+    if (hasView()) {
+        double x1 = m_viewX1, x2 = m_viewX2;
+        adjustX(x1, x2);
+        setX(x1, x2, -1.0);
+        // Like the zoom steps, a view at the newest bars stays there.
+        if (atEnd && m_limits.span() > visibleSpan())
+            scrollToEnd();
+    }
+    ChartEvents::send(m_plot, ChartEvents::sync());
+}
+
+void PlotNavigator::setZoomHighlight(int button, bool on)
+{
+    if (ZoomButtons *buttons = PriceGraphPrivate::zoomButtonsOf(m_plot->getChart()))
+        buttons->setZoomButtonHighlight(button, on);
+}
+
+void PlotNavigator::zoomInY(double dy)
+{
+    if (!std::isfinite(dy))
+        return;
+    const double h = m_plot->canvas()->height();
+    const double p = h / m_yZoom; // pixels the prices fill
+    if (p < h)
+        m_yZoom = std::max(h / (p + std::fabs(dy)), 1.0);
+    setX(m_viewX1, m_viewX2, -1.0);
+}
+
+void PlotNavigator::zoomOutY(double dy)
+{
+    if (!std::isfinite(dy))
+        return;
+    const double h = m_plot->canvas()->height();
+    const double p = h / m_yZoom;
+    if (p <= 8.0)
+        return;
+    // Prices never shrink below 8 pixels of height.
+    m_yZoom = h / std::max(p - std::fabs(dy), 8.0);
+    setX(m_viewX1, m_viewX2, -1.0);
+}
+
+// ---- reload ------------------------------------------------------------------
+
+void PlotNavigator::recordChartCenter()
+{
+    const double centre = (m_viewX1 + m_viewX2) * 0.5;
+    m_recordedCenterTime = m_plot->indexToTime(std::trunc(centre));
+    double dataMinX, dataMaxX;
+    dataExtent(dataMinX, dataMaxX);
+    qDebug("recordChartCenter::(%f,%f) (%f,%f) (%f)", dataMinX, dataMaxX, m_viewX1, m_viewX2,
+           centre);
+    // The bars are about to be reloaded: the scroll bar has nothing to show.
+    PlotFreezeEvent freeze(true);
+    QCoreApplication::sendEvent(m_plot, &freeze);
+}
+
+void PlotNavigator::restoreChartCenter()
+{
+    const double t = m_recordedCenterTime;
+    const int n = m_plot->barCount();
+    if (t >= 0.0 && n > 0) {
+        const double index = m_plot->TimeToIndexSuitable(t);
+        const bool exact = index == std::floor(index) && index >= 0.0 && index < n
+                           && m_plot->indexToTime(index) == t;
+        if (exact) {
+            updateScrollLimits();
+            const double v = visibleSpan();
+            const double lower = index - v * 0.5;
+            double x1, x2;
+            ViewRange(lower, lower + v).toLogical(m_zoom, x1, x2);
+            adjustX(x1, x2);
+            setX(x1, x2, -1.0);
+            double dataMinX, dataMaxX;
+            dataExtent(dataMinX, dataMaxX);
+            qDebug("restoreChartCenter::(%f,%f) (%f,%f) (%f)", dataMinX, dataMaxX, m_viewX1,
+                   m_viewX2, index);
+            m_plot->SyncAllPannel();
+        }
+    }
+    PlotFreezeEvent thaw(false);
+    QCoreApplication::sendEvent(m_plot, &thaw);
+}
+
+// ---- data and canvas changes -------------------------------------------------
 
 void PlotNavigator::dataChanged()
 {
-    // Placeholder until zoom and scroll land: show the newest 100 bars.
-    const int n = m_plot->barCount();
-    if (n > 0)
-        setX(n - 100.5, n - 0.5 + 1.5, -1.0);
+    double dataMinX, dataMaxX;
+    dataExtent(dataMinX, dataMaxX);
+    const bool hasBars = dataMaxX >= dataMinX;
+    // Judged against the limits of the bars we had before this change.
+    const bool follow = hasBars && (!m_hadBars || isAtEnd());
+    m_hadBars = hasBars;
+    updateScrollLimits();
+    if (!hasBars)
+        return;
+    const bool autoReplot = m_plot->autoReplot();
+    m_plot->setAutoReplot(false);
+    if (follow) {
+        // The newest bars at the right edge; the panel replots after this.
+        const double v = visibleSpan();
+        double x1, x2;
+        ViewRange(m_limits.maxX() - v, m_limits.maxX()).toLogical(m_zoom, x1, x2);
+        applyView(x1, x2, -1.0, false);
+    } else if (hasView()) {
+        applyScales(); // an edited bar in view may change the price range
+    }
+    m_plot->setAutoReplot(autoReplot);
+    if (follow)
+        m_plot->SyncAllPannel();
+}
+
+void PlotNavigator::canvasResized()
+{
+    // Only the main panel decides; the others take its view.
+    Plot *main = mainPanel();
+    if (main && main != m_plot)
+        return;
+    if (!hasView()) {
+        updateScrollLimits();
+        return;
+    }
+    // Bars keep their width in pixels; the newest side stays where it was.
+    const bool atEnd = isAtEnd();
+    const double upper = displayedRange().upper();
+    updateScrollLimits();
+    if (atEnd) {
+        scrollToEnd();
+    } else {
+        double x1, x2;
+        ViewRange(upper - visibleSpan(), upper).toLogical(m_zoom, x1, x2);
+        adjustX(x1, x2);
+        setX(x1, x2, -1.0);
+    }
+    m_plot->SyncAllPannel();
+}
+
+bool PlotNavigator::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Resize && watched == m_plot->canvas()) {
+        const int width = static_cast<QResizeEvent *>(event)->size().width();
+        if (width != m_canvasWidth) {
+            m_canvasWidth = width;
+            canvasResized();
+        }
+    }
+    return false;
+}
+
+// ---- helpers -----------------------------------------------------------------
+
+double PlotNavigator::visibleSpan() const
+{
+    return ScrollLimits::visibleSpan(canvasWidth(), m_zoom);
+}
+
+ViewRange PlotNavigator::displayedRange() const
+{
+    return ViewRange::fromLogical(m_viewX1, m_viewX2, m_zoom);
+}
+
+double PlotNavigator::canvasWidth() const
+{
+    return m_plot->canvas()->width();
+}
+
+Plot *PlotNavigator::mainPanel() const
+{
+    return m_plot->getChart() ? PriceGraphPrivate::mainPanel(m_plot->getChart()) : nullptr;
+}
+
+void PlotNavigator::dataExtent(double &minX, double &maxX) const
+{
+    // Every panel shares one bar axis; a panel without price bars of its own
+    // (an indicator panel) takes the extent of one that has them.
+    int n = m_plot->barCount();
+    if (n == 0 && m_plot->getChart()) {
+        const QList<Plot *> panels = PriceGraphPrivate::allPanels(m_plot->getChart());
+        for (Plot *p : panels) {
+            if ((n = p->barCount()) > 0)
+                break;
+        }
+    }
+    minX = 0.0;
+    maxX = n - 1.0;
 }

@@ -1,18 +1,36 @@
 #ifndef PLOTNAVIGATOR_H
 #define PLOTNAVIGATOR_H
 
+#include "panaccumulator.h"
+#include "scrolllimits.h"
+#include "viewrange.h"
+
+#include <QObject>
+
 class Plot;
 
 // Zoom and scroll of one panel: the view state and the operations that move
 // it. The panel's navigation slots forward here.
-class PlotNavigator
+//
+// The view is a logical bar range [viewX1, viewX2] and a zoom factor; the
+// panel displays the range scaled by the zoom around its centre (ViewRange).
+// Nothing here visits every bar: the price range of the view comes from the
+// panel's block index, so the cost of a move does not grow with history.
+class PlotNavigator : public QObject
 {
+    Q_OBJECT
+
 public:
+    static constexpr double MinZoom = 0.125;
+    static constexpr double MaxZoom = 8.0;
+
     explicit PlotNavigator(Plot *plot);
 
     void getX(double &x1, double &x2) const;
+    // Ignores (0, 0); zoom -1 keeps the current zoom.
     void setX(double x1, double x2, double zoom);
     void adjustX(double &min, double &max);
+    // Scrolls the chart's main panel (whichever panel it is called on).
     void scrollRight(long records);
     void scrollToEnd();
     void zoomIn();
@@ -28,16 +46,43 @@ public:
     // Shows the newest bars on the first data, and keeps them in view while
     // the view sits at the end.
     void dataChanged();
+    // Recomputes the scroll limits and tells the panel's scroll bar.
+    void updateScrollLimits();
 
+    bool hasView() const { return !(m_viewX1 == 0.0 && m_viewX2 == 0.0); }
+    bool isAtEnd() const;
     double zoom() const { return m_zoom; }
     double yZoom() const { return m_yZoom; }
+    // Bars the canvas shows at the current zoom.
+    double visibleSpan() const;
+    ViewRange displayedRange() const;
+    const ScrollLimits &limits() const { return m_limits; }
+    double recordedCenterTime() const { return m_recordedCenterTime; }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void applyView(double x1, double x2, double zoom, bool replot);
+    void applyScales();
+    void finishZoom(bool wasAtEnd);
+    void scrollBy(long records);
+    void canvasResized();
+    void setZoomHighlight(int button, bool on);
+    Plot *mainPanel() const;
+    void dataExtent(double &minX, double &maxX) const;
+    double canvasWidth() const;
+
     Plot *m_plot;
     double m_viewX1 = 0.0;
     double m_viewX2 = 0.0;
     double m_zoom = 1.0;
     double m_yZoom = 1.0;
+    double m_recordedCenterTime = -1.0;
+    ScrollLimits m_limits;
+    PanAccumulator m_pan;
+    bool m_hadBars = false;
+    int m_canvasWidth = -1;
 };
 
 #endif // PLOTNAVIGATOR_H

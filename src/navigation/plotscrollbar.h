@@ -1,13 +1,15 @@
 #ifndef PLOTSCROLLBAR_H
 #define PLOTSCROLLBAR_H
 
+#include <QMetaObject>
 #include <QPointer>
 #include <QScrollBar>
 
 class Plot;
 
-// The horizontal scroll bar under the panels. It mirrors the panel it serves
-// through the scroll events that panel sends itself, and moves it by setX.
+// The horizontal scroll bar under the panels. It serves the chart's main
+// panel: it mirrors the scroll events that panel sends itself and its x
+// axis, and moves it (and through it the other panels) by setX.
 class PlotScrollBar : public QScrollBar
 {
     Q_OBJECT
@@ -18,6 +20,12 @@ public:
     void setPlot(Plot *plot);
     Plot *plot() const { return m_plot; }
 
+    double minX() const { return m_minX; }
+    double maxX() const { return m_maxX; }
+    double page() const { return m_page; }
+    double lowerValue() const { return m_value; }
+    int freezeCount() const { return m_freezeCount; }
+
 public Q_SLOTS:
     void onSliderMoved(int newValue);
     void onScaleDivChanged();
@@ -26,11 +34,15 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void applyValues();
+    void freeze(bool on);
+
     QPointer<Plot> m_plot;
+    QMetaObject::Connection m_scaleConnection;
     double m_minX = 0.0;
     double m_maxX = 0.0;
-    double m_page = 0.0;
-    double m_value = 0.0;
+    double m_page = 0.0;   // displayed width
+    double m_value = 0.0;  // displayed lower end
     int m_freezeCount = 0;
 };
 

@@ -5,6 +5,18 @@
 #include <QMouseEvent>
 #include <QPixmap>
 
+namespace {
+
+Qt::MouseButton panButton(const QwtPanner *panner)
+{
+    Qt::MouseButton button;
+    Qt::KeyboardModifiers modifiers;
+    panner->getMouseButton(button, modifiers);
+    return button;
+}
+
+} // namespace
+
 QwtPlotPannerX::QwtPlotPannerX(QWidget *canvas, Plot *plot)
     : QwtPlotPanner(canvas)
     , m_plot(plot)
@@ -13,7 +25,7 @@ QwtPlotPannerX::QwtPlotPannerX(QWidget *canvas, Plot *plot)
 
 void QwtPlotPannerX::widgetMousePressEvent(QMouseEvent *event)
 {
-    if (m_suspended)
+    if (m_suspended || event->button() != panButton(this))
         return;
     m_pressed = true;
     m_last = event->pos();
@@ -23,9 +35,16 @@ void QwtPlotPannerX::widgetMouseMoveEvent(QMouseEvent *event)
 {
     if (!m_pressed || m_suspended)
         return;
+    // The release may have gone elsewhere (another tool took the mouse, or
+    // the pointer left the window): a move without the button ends the drag.
+    if (!(event->buttons() & panButton(this))) {
+        m_pressed = false;
+        return;
+    }
     const QPoint d = event->pos() - m_last;
     m_last = event->pos();
-    Q_EMIT panned(d.x(), d.y());
+    if (d.x() != 0 || d.y() != 0)
+        Q_EMIT panned(d.x(), d.y());
 }
 
 void QwtPlotPannerX::widgetMouseReleaseEvent(QMouseEvent *)
@@ -36,10 +55,12 @@ void QwtPlotPannerX::widgetMouseReleaseEvent(QMouseEvent *)
 
 QPixmap QwtPlotPannerX::grab() const
 {
+    // Panning redraws live; there is no snapshot to drag.
     return QPixmap();
 }
 
 void QwtPlotPannerX::moveCanvas(int dx, int)
 {
+    // A pixel of mouse travel pans three zoom-weighted pixels.
     m_plot->moveX(dx * 3);
 }

@@ -6,6 +6,7 @@
 class Plot;
 
 // Pans a panel along x only, live as the mouse moves (no dragged snapshot).
+// Suspended while a drawing tool owns the mouse (Plot::setCursorStyle).
 class QwtPlotPannerX : public QwtPlotPanner
 {
     Q_OBJECT

@@ -4,10 +4,13 @@
 #include <QObject>
 #include <QPointer>
 
-class PriceGraph;
+#include "pricegraph.h"
+
 class QPushButton;
 
-// The zoom-in (0) and zoom-out (1) icon buttons of a chart.
+// The zoom-in (0) and zoom-out (1) icon buttons of a chart, 14 x 14 each.
+// They are made without a parent; the chart puts them at the right end of
+// its scroll-bar row.
 class ZoomButtons : public QObject
 {
     Q_OBJECT
@@ -24,7 +27,7 @@ public Q_SLOTS:
     void setZoomButtonHighlight(int button, bool canHighlight);
 
 private:
-    PriceGraph *m_chart;
+    QPointer<PriceGraph> m_chart;
     QPointer<QPushButton> m_buttons[2];
 };
 
