@@ -39,10 +39,10 @@ public:
 
     // Upper bounds that keep one input well inside a second.
     static const int MaxCalls = 3000;
-    static const int MaxRenders = 8;
+    static const int MaxRenders = 6;
     static const int MaxBatch = 600;
-    static const int MaxPanels = 4;
-    static const int MaxHeavy = 6;
+    static const int MaxPanels = 3;
+    static const int MaxHeavy = 4;
 
 private:
     // argument dictionaries
