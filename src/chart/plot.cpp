@@ -3,6 +3,8 @@
 #include "barseries.h"
 #include "chartevents.h"
 #include "datescaledraw.h"
+#include "plotcanvas.h"
+#include "plotgrid.h"
 #include "plotnavigator.h"
 #include "plotpricelinesdata.h"
 #include "pricegraph.h"
@@ -19,6 +21,7 @@
 #include "volumehistogram.h"
 #include "volumeseriesview.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QDebug>
 #include <QKeyEvent>
@@ -44,6 +47,7 @@ Plot::Plot(PriceGraph *owner, QWidget *parent)
     : QwtPlot(parent)
     , chart(owner)
 {
+    setCanvas(new PlotCanvas(this));
     // Colours start invalid; setup gives the panel its defaults.
     priceLines = new PlotPriceLinesData(this);
     bars = new BarSeries;
@@ -87,7 +91,7 @@ void Plot::setup()
     setTextColor(QColor(QStringLiteral("#bbbbbb")));
     setAxisScaleDraw(QwtPlot::yRight, new ScaleDrawWithPrecision(this));
 
-    grid = new QwtPlotGrid;
+    grid = new PlotGrid;
     grid->attach(this);
     grid->setAxes(QwtPlot::xBottom, QwtPlot::yRight);
     gridColor = QColor(34, 34, 34);
@@ -637,7 +641,16 @@ void Plot::replot()
         setAutoReplot(false); // the changes below must not replot from inside
         updateAxes();         // the x scale this replot will show
         updateDaySeparators();
-        updateVolumeScale();
+        const bool rescaled = updateVolumeScale();
+        if (!rescaled) {
+            // The axes are current: what QwtPlot::replot does without laying
+            // out all four axes a second time (label metrics for each).
+            QCoreApplication::sendPostedEvents(this, QEvent::LayoutRequest);
+            if (!QMetaObject::invokeMethod(canvas(), "replot", Qt::DirectConnection))
+                canvas()->update(canvas()->contentsRect());
+            setAutoReplot(autoRefresh);
+            return;
+        }
         setAutoReplot(autoRefresh);
     }
     QwtPlot::replot();
@@ -700,10 +713,10 @@ void Plot::updateDaySeparators()
 // Beside a price series the volume columns take the lower quarter of the
 // panel: the hidden left axis runs from 0 to four times the largest volume
 // in view.
-void Plot::updateVolumeScale()
+bool Plot::updateVolumeScale()
 {
     if (!tradingCurve || !volumeHistogram)
-        return;
+        return false;
     const QwtInterval view = axisScaleDiv(QwtPlot::xBottom).interval().normalized();
     const double lo = std::max(std::ceil(view.minValue()), -1.0);
     const double hi = std::min(std::floor(view.maxValue()), double(bars->size()));
@@ -711,7 +724,11 @@ void Plot::updateVolumeScale()
     if (!(std::isfinite(lo) && std::isfinite(hi) && bars->volumeRange(int(lo), int(hi), top))
         || !(top > 0.0))
         top = 1.0;
+    const QwtInterval current = axisScaleDiv(QwtPlot::yLeft).interval();
+    if (current.minValue() == 0.0 && current.maxValue() == top * 4.0)
+        return false;
     setAxisScale(QwtPlot::yLeft, 0.0, top * 4.0);
+    return true;
 }
 
 bool Plot::hasSeries()

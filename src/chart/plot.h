@@ -168,7 +168,7 @@ private:
     void setup();
     void applyChartType();
     void updateDaySeparators();
-    void updateVolumeScale();
+    bool updateVolumeScale(); // true when the volume axis got a new scale
     bool feed(const QString &name, double time, bool edit, double open, double high, double low,
               double close, double volume, bool valueOnly);
     bool feedVolume(double time, bool edit, double open, double high, double low, double close,

@@ -5,6 +5,7 @@
 #include "plot.h"
 
 #include <QPainter>
+#include <qwt_painter.h>
 #include <qwt_scale_map.h>
 
 #include <algorithm>
@@ -76,7 +77,29 @@ void TradingCurve::drawUserSymbol(QPainter *painter, SymbolStyle, const QwtOHLCS
                                   Qt::Orientation orientation, bool inverted,
                                   double width) const
 {
-    painter->setPen(painter->brush().color());
-    drawCandleStick(painter, sample, orientation, width);
     Q_UNUSED(inverted)
+    const QBrush &brush = painter->brush();
+    // On a pixel device the sample arrives rounded to whole pixels and the
+    // width as an even number, so a candle outlined in its own opaque colour
+    // is two solid rectangles: the wick column from high to low and the body
+    // one pixel wider and higher than its rectangle (what the one-pixel
+    // outline adds). Filling them skips the line rasteriser that stroking
+    // the outline and wicks goes through, with the same pixels.
+    if (orientation == Qt::Vertical && brush.style() == Qt::SolidPattern
+        && brush.color().alpha() == 255 && !painter->testRenderHint(QPainter::Antialiasing)
+        && painter->transform().type() <= QTransform::TxTranslate
+        && QwtPainter::roundingAlignment(painter)) {
+        const int t = qRound(sample.time);
+        const int high = qRound(std::min(sample.low, sample.high));
+        const int low = qRound(std::max(sample.low, sample.high));
+        const int bodyTop = qRound(std::min(sample.open, sample.close));
+        const int bodyBottom = qRound(std::max(sample.open, sample.close));
+        const int half = qRound(0.5 * width);
+        painter->fillRect(QRect(t, high, 1, low - high + 1), brush.color());
+        painter->fillRect(QRect(t - half, bodyTop, 2 * half + 1, bodyBottom - bodyTop + 1),
+                          brush.color());
+        return;
+    }
+    painter->setPen(brush.color());
+    drawCandleStick(painter, sample, orientation, width);
 }
