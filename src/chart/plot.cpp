@@ -40,6 +40,7 @@
 #include <qwt_scale_widget.h>
 #include <qwt_series_data.h>
 
+#include <climits>
 #include <cmath>
 
 Plot::Plot(PriceGraph *owner, QWidget *parent)
@@ -862,7 +863,8 @@ bool Plot::getYFromX(double x, QwtOHLCSample &y)
 
 // ---- navigation (PlotNavigator does the work) ------------------------------
 
-void Plot::ScrollLeft(long Records) { ScrollRight(-Records); }
+// LONG_MIN has no negation: scrolling left by it is scrolling left by LONG_MAX.
+void Plot::ScrollLeft(long Records) { ScrollRight(Records == LONG_MIN ? LONG_MAX : -Records); }
 void Plot::ScrollRight(long Records) { navigator->scrollRight(Records); }
 void Plot::ScrollToEnd(double) { navigator->scrollToEnd(); }
 void Plot::ZoomIn(long) { navigator->zoomIn(); }

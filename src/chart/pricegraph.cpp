@@ -514,7 +514,7 @@ void PriceGraph::updateL1(double price1, double price2, int decimals, int extra)
 {
     const bool changed = decimals != d->l1Decimals;
     if (changed && decimals >= 1)
-        d->l1DecimalFix = 1.0 / std::pow(10.0, decimals + 2);
+        d->l1DecimalFix = 1.0 / std::pow(10.0, double(decimals) + 2.0); // INT_MAX + 2 overflows an int
     d->l1A = price1;
     d->l1B = price2;
     d->l1Decimals = decimals;
