@@ -232,6 +232,10 @@ private Q_SLOTS:
         chart->ClearValues("volume");
         QCOMPARE(main()->barSeries()->volume(1), 0.0);
         QCOMPARE(main()->barSeries()->size(), 3);
+        // A market without volume keeps its axis on zero, never below.
+        QVERIFY(volume->valueRange(-0.5, 2.5, low, high));
+        QCOMPARE(low, 0.0);
+        QVERIFY(high > 0.0);
         // Beside prices, volume draws the panel's own bars on the hidden
         // left axis and leaves the right axis to the prices.
         chart->AddSeries(QStringLiteral("volume"), 0, 0, 0, 0, false);

@@ -810,9 +810,12 @@ bool Plot::valueRange(double x1, double x2, double &low, double &high) const
     if (tradingCurve && first <= last && bars->priceRange(int(first), int(last), a, b))
         widen(a, b);
     // Volume shares the right axis only when the panel shows no prices.
+    bool volumeShown = false;
     if (volumeHistogram && !tradingCurve && first <= last
-        && axis->volumeRange(int(first), int(last), b))
+        && axis->volumeRange(int(first), int(last), b)) {
         widen(0.0, b);
+        volumeShown = true;
+    }
     for (const SeriesRecord *record : seriesByName) {
         if (record->points.valueRange(x1, x2, axis->timeTable(), a, b))
             widen(a, b);
@@ -820,10 +823,16 @@ bool Plot::valueRange(double x1, double x2, double &low, double &high) const
     if (!any)
         return false;
     if (hi - lo < 1e-12 * std::max(1.0, std::fabs(hi))) {
-        // A flat range has no span to scale: open it around the value.
+        // A flat range has no span to scale: open it around the value, or
+        // upwards only where volume stands on zero (no negative volume on
+        // the axis, e.g. a data set without volume).
         const double pad = std::max(std::fabs(hi) * 0.005, 0.5e-6);
-        lo -= pad;
-        hi += pad;
+        if (volumeShown && lo >= 0.0) {
+            hi = lo + std::max(2.0 * pad, 1.0);
+        } else {
+            lo -= pad;
+            hi += pad;
+        }
     }
     low = lo;
     high = hi;
