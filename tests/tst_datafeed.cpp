@@ -244,6 +244,9 @@ private Q_SLOTS:
         QCOMPARE(main()->volumeHistogram->yAxis(), int(QwtPlot::yLeft));
         QVERIFY(main()->valueRange(-0.5, 1.5, low, high));
         QCOMPARE(QPointF(low, high), QPointF(9.0, 12.0));
+        // Bar 0's candle still shows at x 0.2: its low scales the view.
+        QVERIFY(main()->valueRange(0.2, 1.5, low, high));
+        QCOMPARE(low, 9.0);
     }
 
     void indicatorPointsSitOnTheBarsOfTheirTime()

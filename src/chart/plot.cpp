@@ -797,8 +797,11 @@ bool Plot::valueRange(double x1, double x2, double &low, double &high) const
     if (x1 > x2)
         std::swap(x1, x2);
     const BarSeries *axis = axisBars();
-    const double first = std::max(std::ceil(x1), -1.0);
-    const double last = std::min(std::floor(x2), double(axis->size()));
+    // A candle is drawn around its whole x: one whose centre lies just
+    // outside [x1, x2] still shows partly, so it counts.
+    const double reach = tradingCurve ? tradingCurve->symbolExtent() * 0.5 : 0.0;
+    const double first = std::max(std::ceil(x1 - reach), -1.0);
+    const double last = std::min(std::floor(x2 + reach), double(axis->size()));
     bool any = false;
     double lo = 0.0, hi = 0.0;
     const auto widen = [&](double a, double b) {
