@@ -143,6 +143,25 @@ void BarSeries::rebuildBlocksFrom(int bar)
         updateBlockOf(i);
 }
 
+// Visits first..last (already clamped) as whole blocks where a block lies
+// inside the span and bar by bar at its ragged ends.
+template<typename PerBlock, typename PerBar>
+void BarSeries::walk(int first, int last, PerBlock perBlock, PerBar perBar) const
+{
+    int i = first;
+    while (i <= last) {
+        const int blockStart = (i >> BlockShift) << BlockShift;
+        const int blockEnd = blockStart + (1 << BlockShift) - 1;
+        if (i == blockStart && blockEnd <= last) {
+            perBlock(size_t(i >> BlockShift));
+            i = blockEnd + 1;
+        } else {
+            perBar(size_t(i));
+            ++i;
+        }
+    }
+}
+
 bool BarSeries::priceRange(int first, int last, double &low, double &high) const
 {
     first = std::max(first, 0);
@@ -150,20 +169,15 @@ bool BarSeries::priceRange(int first, int last, double &low, double &high) const
     if (first > last)
         return false;
     double lo = m_low[size_t(first)], hi = m_high[size_t(first)];
-    int i = first;
-    while (i <= last) {
-        const int blockStart = (i >> BlockShift) << BlockShift;
-        const int blockEnd = blockStart + (1 << BlockShift) - 1;
-        if (i == blockStart && blockEnd <= last) {
-            lo = std::min(lo, m_blockLow[size_t(i >> BlockShift)]);
-            hi = std::max(hi, m_blockHigh[size_t(i >> BlockShift)]);
-            i = blockEnd + 1;
-        } else {
-            lo = std::min(lo, m_low[size_t(i)]);
-            hi = std::max(hi, m_high[size_t(i)]);
-            ++i;
-        }
-    }
+    walk(first, last,
+         [&](size_t b) {
+             lo = std::min(lo, m_blockLow[b]);
+             hi = std::max(hi, m_blockHigh[b]);
+         },
+         [&](size_t k) {
+             lo = std::min(lo, m_low[k]);
+             hi = std::max(hi, m_high[k]);
+         });
     low = lo;
     high = hi;
     return true;
@@ -176,18 +190,8 @@ bool BarSeries::volumeRange(int first, int last, double &high) const
     if (first > last)
         return false;
     double hi = 0.0;
-    int i = first;
-    while (i <= last) {
-        const int blockStart = (i >> BlockShift) << BlockShift;
-        const int blockEnd = blockStart + (1 << BlockShift) - 1;
-        if (i == blockStart && blockEnd <= last) {
-            hi = std::max(hi, m_blockVolume[size_t(i >> BlockShift)]);
-            i = blockEnd + 1;
-        } else {
-            hi = std::max(hi, m_volume[size_t(i)]);
-            ++i;
-        }
-    }
+    walk(first, last, [&](size_t b) { hi = std::max(hi, m_blockVolume[b]); },
+         [&](size_t k) { hi = std::max(hi, m_volume[k]); });
     high = hi;
     return true;
 }

@@ -79,6 +79,8 @@ private:
                   double v) const;
     void store(int i, double o, double h, double l, double c, double v);
     void rebuildBlocksFrom(int bar);
+    template<typename PerBlock, typename PerBar>
+    void walk(int first, int last, PerBlock perBlock, PerBar perBar) const;
     void updateBlockOf(int bar);
 
     SampleTimeTable m_table;

@@ -689,17 +689,21 @@ void Plot::updateDaySeparators()
                 if (day == previous)
                     continue;
                 previous = day;
-                if (used == daySeparators.size())
-                    daySeparators.append(new QwtPlotMarker(QString()));
+                if (used == daySeparators.size()) {
+                    // The style is fixed: set once, when the marker is made.
+                    QwtPlotMarker *made = new QwtPlotMarker(QString());
+                    made->setLabelAlignment(Qt::AlignRight | Qt::AlignTop);
+                    made->setLabelOrientation(Qt::Horizontal);
+                    made->setLineStyle(QwtPlotMarker::VLine);
+                    made->setLinePen(Qt::darkGray, 0, Qt::DotLine);
+                    made->setAxes(QwtPlot::xBottom, QwtPlot::yRight);
+                    daySeparators.append(made);
+                }
                 QwtPlotMarker *marker = daySeparators.at(used++);
+                // An older bar inserted shifts the bars: label from the time.
                 marker->setLabel(QwtText(
                     QwtDate::toDateTime(DateScaleDraw::nudge(axis->time(i)), Qt::UTC)
                         .toString(QStringLiteral("MM/dd"))));
-                marker->setLabelAlignment(Qt::AlignRight | Qt::AlignTop);
-                marker->setLabelOrientation(Qt::Horizontal);
-                marker->setLineStyle(QwtPlotMarker::VLine);
-                marker->setLinePen(Qt::darkGray, 0, Qt::DotLine);
-                marker->setAxes(QwtPlot::xBottom, QwtPlot::yRight);
                 marker->setXValue(double(i));
                 if (marker->plot() != this)
                     marker->attach(this);
