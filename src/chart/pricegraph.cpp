@@ -36,6 +36,21 @@ bool toName(const char *name, const char *caller, QString *out)
     return true;
 }
 
+// A data-feed call: the named series is offered to every panel (a panel
+// that does not hold the name ignores it), under the chart's lock, walking a
+// copy of the panel list.
+template<typename Call>
+void forEachPanel(PriceGraphPrivate *d, const char *name, const char *caller, Call call)
+{
+    QString n;
+    if (!toName(name, caller, &n))
+        return;
+    QMutexLocker locker(d->mutex);
+    const QList<Plot *> panels = d->panels;
+    for (Plot *p : panels)
+        call(p, n);
+}
+
 QString toText(const char *text)
 {
     return text ? QString::fromLatin1(text) : QString();
@@ -226,74 +241,44 @@ long PriceGraph::AddSeries(QString name, long type, long panel, long, long, bool
 
 void PriceGraph::RemoveSeries(const char *name)
 {
-    QString n;
-    if (!toName(name, "RemoveSeries", &n))
-        return;
-    QMutexLocker locker(d->mutex);
-    const QList<Plot *> panels = d->panels;
-    for (Plot *p : panels)
-        p->RemoveSeries(n);
+    forEachPanel(d, name, "RemoveSeries", [&](Plot *p, const QString &n) { p->RemoveSeries(n); });
 }
 
 void PriceGraph::AppendOHLC(const char *name, double time, bool show, double open, double high,
                             double low, double close, long volume)
 {
-    QString n;
-    if (!toName(name, "AppendOHLC", &n))
-        return;
-    QMutexLocker locker(d->mutex);
     const double t = ValmorTimeToQwtTime(time);
-    const QList<Plot *> panels = d->panels;
-    for (Plot *p : panels)
+    forEachPanel(d, name, "AppendOHLC", [&](Plot *p, const QString &n) {
         p->AppendOHLC(n, t, show, open, high, low, close, volume);
+    });
 }
 
 void PriceGraph::AppendValue(const char *name, double time, double value, bool show)
 {
-    QString n;
-    if (!toName(name, "AppendValue", &n))
-        return;
-    QMutexLocker locker(d->mutex);
     const double t = ValmorTimeToQwtTime(time);
-    const QList<Plot *> panels = d->panels;
-    for (Plot *p : panels)
-        p->AppendValue(n, t, value, show);
+    forEachPanel(d, name, "AppendValue",
+                 [&](Plot *p, const QString &n) { p->AppendValue(n, t, value, show); });
 }
 
 void PriceGraph::EditOHLC(const char *name, double time, bool show, double open, double high,
                           double low, double close, long volume)
 {
-    QString n;
-    if (!toName(name, "EditOHLC", &n))
-        return;
-    QMutexLocker locker(d->mutex);
     const double t = ValmorTimeToQwtTime(time);
-    const QList<Plot *> panels = d->panels;
-    for (Plot *p : panels)
+    forEachPanel(d, name, "EditOHLC", [&](Plot *p, const QString &n) {
         p->EditOHLC(n, t, show, open, high, low, close, volume);
+    });
 }
 
 void PriceGraph::EditValue(const char *name, double time, double value, bool show)
 {
-    QString n;
-    if (!toName(name, "EditValue", &n))
-        return;
-    QMutexLocker locker(d->mutex);
     const double t = ValmorTimeToQwtTime(time);
-    const QList<Plot *> panels = d->panels;
-    for (Plot *p : panels)
-        p->EditValue(n, t, value, show);
+    forEachPanel(d, name, "EditValue",
+                 [&](Plot *p, const QString &n) { p->EditValue(n, t, value, show); });
 }
 
 void PriceGraph::ClearValues(const char *name)
 {
-    QString n;
-    if (!toName(name, "ClearValues", &n))
-        return;
-    QMutexLocker locker(d->mutex);
-    const QList<Plot *> panels = d->panels;
-    for (Plot *p : panels)
-        p->ClearValues(n);
+    forEachPanel(d, name, "ClearValues", [&](Plot *p, const QString &n) { p->ClearValues(n); });
 }
 
 void PriceGraph::Update()
