@@ -11,15 +11,9 @@
 #include "pricegraphprivate.h"
 #include "qwtplotpannerx.h"
 #include "scaledrawwithprecision.h"
+#include "seriesfeed.h"
 #include "seriesrecord.h"
-#include "closelineview.h"
-#include "indicatorintervalview.h"
-#include "indicatorlineview.h"
 #include "tradingcurve.h"
-#include "visiblecurve.h"
-#include "visibleintervalcurve.h"
-#include "volumehistogram.h"
-#include "volumeseriesview.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -51,6 +45,7 @@ Plot::Plot(PriceGraph *owner, QWidget *parent)
     // Colours start invalid; setup gives the panel its defaults.
     priceLines = new PlotPriceLinesData(this);
     bars = new BarSeries;
+    m_feed = new SeriesFeed(this);
     navigator = new PlotNavigator(this);
     leftInset = 10;
     cursorStyle = -1;
@@ -73,6 +68,7 @@ Plot::~Plot()
     delete volumeHistogram;
     qDeleteAll(daySeparators);
     delete navigator;
+    delete m_feed;
     delete bars;
 }
 
@@ -334,59 +330,11 @@ void Plot::setBarSample(QwtPlotIntervalCurve *pBar, QVector<QwtIntervalSample> d
         pBar->setSamples(finiteOnly(data, finiteInterval, "setBarSample"));
 }
 
-// ---- series ----------------------------------------------------------------
-//
-// How the data-feed calls find their series (the facade hands every call to
-// every panel):
-// - a price series answers to the exact names containing "OHLC" that were
-//   added to this panel; all of them feed the panel's one set of bars;
-// - the volume series answers to "volume" on a panel that added it;
-// - an indicator answers to the text before any '*', so "MA" and "MA*255"
-//   both feed the series added as "MA*255#x".
-// Anything else is not this panel's and is ignored.
-//
-// How samples are stored (BarSeries and IndicatorSeries hold the details):
-// - one copy of every sample; the items read it through views;
-// - bars sit at x = 0, 1, 2, ... in time order; a time already present
-//   replaces its bar, an older time is inserted in order and the bars after
-//   it move one to the right;
-// - EditOHLC/EditValue change the newest sample (its time is kept) and
-//   append on an empty series;
-// - non-finite or absurd values and times are rejected with a warning and
-//   leave the data as it was;
-// - indicator points are kept by time and drawn at the x of the bar of
-//   their time (interpolated between bars);
-// - "volume" writes the volume of the bar of its time in the bars this
-//   panel's x axis counts (axisBars()): its own price bars, else the main
-//   panel's; with no price bars at all the volume samples become bars of
-//   their own. A volume for a time without a bar is dropped with a debug
-//   line (the price call carries the same volume);
-// - a call with show = true schedules one deferred flush, so a burst of
-//   samples costs one replot; show = false only stores.
-
-QString Plot::seriesBaseName(const QString &name)
-{
-    const int star = name.indexOf(QLatin1Char('*'));
-    return star < 0 ? name : name.left(star);
-}
-
-QColor Plot::seriesColor(const QString &name)
-{
-    const int star = name.indexOf(QLatin1Char('*'));
-    if (star < 0)
-        return QColor(Qt::blue);
-    const int hash = name.indexOf(QLatin1Char('#'), star + 1);
-    const QString digits = name.mid(star + 1, hash < 0 ? -1 : hash - star - 1);
-    bool ok = false;
-    qlonglong v = digits.toLongLong(&ok, 10);
-    if (!ok || v == 0)
-        v = 0xFFFF0000;
-    return QColor(int((v >> 16) & 0xFF), int((v >> 8) & 0xFF), int(v & 0xFF));
-}
+// ---- series (SeriesFeed does the work) -------------------------------------
 
 SeriesRecord *Plot::series(const QString &name) const
 {
-    return seriesByName.value(seriesBaseName(name));
+    return seriesByName.value(SeriesFeed::baseName(name));
 }
 
 BarSeries *Plot::axisBars() const
@@ -399,212 +347,42 @@ BarSeries *Plot::axisBars() const
     return bars;
 }
 
-void Plot::AddSeries(QString name, long)
-{
-    if (name.contains(QLatin1String("OHLC"))) {
-        priceNames.insert(name);
-        if (!tradingCurve) {
-            tradingCurve = new TradingCurve;
-            tradingCurve->setTitle(QString());
-            tradingCurve->setOrientation(Qt::Vertical);
-            tradingCurve->setAxes(QwtPlot::xBottom, QwtPlot::yRight);
-            candleOutlineColor = QColor(QStringLiteral("#b2b200"));
-            tradingCurve->setSymbolPen(candleOutlineColor, 0, Qt::SolidLine);
-            setUpColor(QColor(QStringLiteral("#1dff00")));
-            setDownColor(QColor(QStringLiteral("#d91200")));
-            tradingCurve->setBars(bars);
-            tradingCurve->attach(this);
-            tradingCurve->setVisible(true);
-        }
-        if (!lineCurve) {
-            lineCurve = new VisibleCurve;
-            lineCurve->setPen(Qt::white);
-            lineColor = QColor(QStringLiteral("#b2b200"));
-            lineCurve->setPen(lineColor, 1.5, Qt::SolidLine);
-            lineCurve->setData(new CloseLineView(bars));
-            lineCurve->setRenderHint(QwtPlotItem::RenderAntialiased, true);
-            lineCurve->setAxes(QwtPlot::xBottom, QwtPlot::yRight);
-            lineCurve->attach(this);
-            lineCurve->setVisible(false);
-        }
-        // A style chosen before the price series existed is applied the
-        // next time it is set; the new curve starts as candles.
-        if (volumeHistogram)
-            volumeHistogram->setAxes(QwtPlot::xBottom, QwtPlot::yLeft);
-        return;
-    }
-    if (name == QLatin1String("volume")) {
-        if (volumeHistogram) {
-            qDebug("Plot::AddSeries() this panel already holds a volume series.");
-            return;
-        }
-        auto *histogram = new VolumeHistogram;
-        histogram->setPen(QPen(Qt::red, 0));
-        histogram->setBrush(QBrush(Qt::red));
-        histogram->setData(new VolumeSeriesView(this));
-        // Beside a price series the volume stands on the hidden left axis,
-        // scaled into the lower part of the panel (updateVolumeScale).
-        histogram->setAxes(QwtPlot::xBottom, tradingCurve ? QwtPlot::yLeft : QwtPlot::yRight);
-        volumeHistogram = histogram;
-        volumeHistogram->attach(this);
-        volumeHistogram->setVisible(true);
-        if (!m_showVolume)
-            showVolume(false); // follows the chart's volume switch
-        return;
-    }
-
-    const QColor color = seriesColor(name);
-    const QString base = seriesBaseName(name);
-    delete seriesByName.take(base); // adding a name again replaces the series
-    const bool intervals = name.contains(QLatin1String(".end"));
-    auto *record = new SeriesRecord(base, color, intervals);
-    QwtPlotItem *item;
-    if (intervals) {
-        auto *curve = new VisibleIntervalCurve(color);
-        curve->setData(new IndicatorIntervalView(this, &record->points));
-        record->intervalCurve = curve;
-        item = curve;
-    } else {
-        auto *curve = new VisibleCurve(base);
-        curve->setPen(color, 0, Qt::SolidLine);
-        curve->setData(new IndicatorLineView(this, &record->points));
-        record->curve = curve;
-        item = curve;
-    }
-    item->setAxes(QwtPlot::xBottom, QwtPlot::yRight);
-    item->attach(this);
-    item->setVisible(true);
-    seriesByName.insert(base, record);
-    replot();
-}
-
-void Plot::RemoveSeries(QString name)
-{
-    if (isPriceName(name)) {
-        priceNames.remove(name);
-        if (!priceNames.isEmpty())
-            return; // another name still feeds the price series
-        delete tradingCurve;
-        tradingCurve = nullptr;
-        delete lineCurve;
-        lineCurve = nullptr;
-        bars->clear();
-        if (volumeHistogram)
-            volumeHistogram->setAxes(QwtPlot::xBottom, QwtPlot::yRight);
-    } else if (name == QLatin1String("volume") && volumeHistogram) {
-        delete volumeHistogram;
-        volumeHistogram = nullptr;
-        if (!tradingCurve)
-            bars->clear(); // bars that only carried volume
-    } else if (SeriesRecord *record = series(name)) {
-        seriesByName.remove(record->name);
-        delete record;
-    } else {
-        return;
-    }
-    scheduleReplot();
-}
-
-bool Plot::feedVolume(double time, bool edit, double open, double high, double low,
-                      double close, double volume)
-{
-    BarSeries *target = axisBars();
-    if (target == bars && !tradingCurve) {
-        // No price bars to stand on: the volume samples are this panel's
-        // own bars, placed by their own times.
-        return (edit ? bars->editLast(time, open, high, low, close, volume)
-                     : bars->add(time, open, high, low, close, volume))
-               != BarSeries::Rejected;
-    }
-    if (edit) {
-        if (target->isEmpty()) {
-            qDebug("Plot::EditOHLC() no price bar for the volume yet; ignored.");
-            return false;
-        }
-        return target->setVolume(target->size() - 1, volume);
-    }
-    const int i = target->timeTable().indexOf(time);
-    if (i < 0) {
-        // The price call carries the same volume, so nothing is lost when
-        // the host feeds the price bar afterwards.
-        qDebug("Plot::AppendOHLC() no price bar at time %.0f for the volume; ignored.", time);
-        return false;
-    }
-    return target->setVolume(i, volume);
-}
-
-// One entry for the four feed calls. `valueOnly` marks AppendValue and
-// EditValue, whose single value stands for open, high, low and close.
-bool Plot::feed(const QString &name, double time, bool edit, double open, double high,
-                double low, double close, double volume, bool valueOnly)
-{
-    if (isPriceName(name)) {
-        return (edit ? bars->editLast(time, open, high, low, close, volume)
-                     : bars->add(time, open, high, low, close, volume))
-               != BarSeries::Rejected;
-    }
-    if (volumeHistogram && name == QLatin1String("volume"))
-        return feedVolume(time, edit, open, high, low, close, volume);
-    SeriesRecord *record = series(name);
-    if (!record)
-        return false;
-    // A line shows the close; intervals run from low to high, or from 0 to
-    // the value for AppendValue.
-    double from = close, to = close;
-    if (record->points.isInterval()) {
-        from = valueOnly ? 0.0 : low;
-        to = valueOnly ? close : high;
-    }
-    return (edit ? record->points.editLast(time, from, to) : record->points.add(time, from, to))
-           != IndicatorSeries::Rejected;
-}
+void Plot::AddSeries(QString name, long) { m_feed->addSeries(name); }
+void Plot::RemoveSeries(QString name) { m_feed->removeSeries(name); }
 
 void Plot::AppendOHLC(QString name, double time, bool show, double open, double high,
                       double low, double close, long volume)
 {
-    if (feed(name, time, false, open, high, low, close, double(volume), false) && show)
+    if (m_feed->feed(name, time, false, open, high, low, close, double(volume), false) && show)
         scheduleReplot();
 }
 
 void Plot::AppendValue(QString name, double time, double value, bool show)
 {
-    const double volume = name == QLatin1String("volume") ? value : 0.0;
-    if (feed(name, time, false, value, value, value, value, volume, true) && show)
+    if (m_feed->feedValue(name, time, false, value) && show)
         scheduleReplot();
 }
 
 void Plot::EditOHLC(QString name, double time, bool show, double open, double high, double low,
                     double close, long volume)
 {
-    if (feed(name, time, true, open, high, low, close, double(volume), false) && show)
+    if (m_feed->feed(name, time, true, open, high, low, close, double(volume), false) && show)
         scheduleReplot();
 }
 
 void Plot::EditValue(QString name, double time, double value, bool show)
 {
-    const double volume = name == QLatin1String("volume") ? value : 0.0;
-    if (feed(name, time, true, value, value, value, value, volume, true) && show)
+    if (m_feed->feedValue(name, time, true, value) && show)
         scheduleReplot();
 }
 
 void Plot::ClearValues(QString name)
 {
-    if (isPriceName(name)) {
-        bars->clear(); // the volumes of these bars go with them
-    } else if (volumeHistogram && name == QLatin1String("volume")) {
-        BarSeries *target = axisBars();
-        if (target == bars && !tradingCurve)
-            bars->clear();
-        else
-            target->clearVolumes();
-    } else if (SeriesRecord *record = series(name)) {
-        record->points.clear();
-    } else {
-        return;
-    }
     // The view, the separators and the scales follow on the next flush.
-    scheduleReplot();
+    if (m_feed->clearValues(name))
+        scheduleReplot();
 }
+
 
 void Plot::FlushTa()
 {

@@ -5,7 +5,6 @@
 #include <QFont>
 #include <QMap>
 #include <QPointer>
-#include <QSet>
 #include <QString>
 #include <QVector>
 
@@ -24,6 +23,7 @@ class QwtPlotItem;
 class QwtPlotMarker;
 class QwtPlotPannerX;
 class QwtPlotTradingCurve;
+class SeriesFeed;
 class SeriesRecord;
 class TradingCurve;
 
@@ -32,8 +32,8 @@ class TradingCurve;
 //
 // The panel owns its items and data; behaviour is split over helpers so the
 // panel itself stays a thin host: navigation state and arithmetic live in
-// PlotNavigator, order and position lines in PlotPriceLinesData, bar storage
-// in BarSeries.
+// PlotNavigator, order and position lines in PlotPriceLinesData, the series
+// and their feed in SeriesFeed, bar storage in BarSeries.
 class Plot : public QwtPlot
 {
     Q_OBJECT
@@ -97,9 +97,6 @@ public:
     const QVector<QwtPlotMarker *> &getDaySeparators() const { return daySeparators; }
     // The indicator `name` (the text before any '*'), or null.
     SeriesRecord *series(const QString &name) const;
-    // The series name that an indicator name stands for, and its colour.
-    static QString seriesBaseName(const QString &name);
-    static QColor seriesColor(const QString &name);
 
     // Prepares what follows the view (day separators, the volume scale of a
     // price panel) and redraws. Counted, so bursts can be checked.
@@ -169,11 +166,6 @@ private:
     void applyChartType();
     void updateDaySeparators();
     bool updateVolumeScale(); // true when the volume axis got a new scale
-    bool feed(const QString &name, double time, bool edit, double open, double high, double low,
-              double close, double volume, bool valueOnly);
-    bool feedVolume(double time, bool edit, double open, double high, double low, double close,
-                    double volume);
-    bool isPriceName(const QString &name) const { return priceNames.contains(name); }
 
 public:
     // Members that the other parts of the library work with.
@@ -206,7 +198,7 @@ public:
 private:
     BarSeries *bars = nullptr;      // this panel's price bars (times, OHLC, volume)
     QVector<QwtPlotMarker *> daySeparators;
-    QSet<QString> priceNames;        // names containing "OHLC" added to this panel
+    SeriesFeed *m_feed = nullptr;    // which names this panel holds, and their samples
     int replotTimer = 0;
     quint64 m_replots = 0;
 };
