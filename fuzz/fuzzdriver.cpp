@@ -26,49 +26,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <limits>
-
 namespace {
 
 uint64_t g_totalCalls = 0;
 const uint64_t ReportEvery = 1000000;
-
-const double Inf = std::numeric_limits<double>::infinity();
-const double NaN = std::numeric_limits<double>::quiet_NaN();
-
-const double HostileDoubles[] = {
-    NaN, -NaN, Inf, -Inf, -0.0, 0.0, DBL_MAX, -DBL_MAX, DBL_MIN, -DBL_MIN,
-    std::numeric_limits<double>::denorm_min(), -std::numeric_limits<double>::denorm_min(),
-    1e-310, 1e308, -1e308, 9.2e18, 9223372036854775808.0, -9223372036854775808.0,
-    2147483648.0, -2147483649.0, 4294967296.0, 1e-9, 0.5, 1.0, -1.0, 1e15, 1e-300,
-    std::numeric_limits<double>::signaling_NaN(), 123456789.123456789, 0.1, 65536.0, -1e6};
-const int HostileDoubleCount = int(sizeof HostileDoubles / sizeof HostileDoubles[0]);
-
-// Julian dates: the epoch, the years 1900 and 2200 (the edges of what the
-// chart shows), the year 9999, absurd values and the non-finite ones.
-const double HostileTimes[] = {
-    0.0, -1.0, -1e9, 1e9, 2440588.0, 2440587.5, 2415020.5, 2415020.4, 2524593.5, 2524594.5,
-    5373484.5, 1e15, -1e15, NaN, Inf, -Inf, DBL_MAX, -DBL_MAX, DBL_MIN, -0.0,
-    2459000.5 + 1e-9, 2459000.5 - 1e-9, 106751991167300.0, 1.0e7, 2459000.5};
-const int HostileTimeCount = int(sizeof HostileTimes / sizeof HostileTimes[0]);
-
-const double TimeSteps[] = {1.0, 1.0 / 24.0, 1.0 / 288.0, 1.0 / 1440.0, 7.0, 1.0 / 48.0};
-
-const char *const Names[] = {
-    nullptr, "", "OHLC", "volume", "MA*255#x", "band.end", "Position-1", "Buy-1", "Sell-1",
-    "X1", "OHLC", "OHLC", "volume", "MA*255#x", "Position-1", "Buy-1", "Sell-1",
-    "OHLC\xff\xfe", "\xe4\xb8\xad\xe6\x96\x87", "MA*", "*", "*16711680", ".end", "volume.end",
-    "OHLC.end", "Position", "Buy", "Sell", "Buy-1Sell-1Position-1", "X1*-1",
-    "MA*99999999999999999999", "OHLCvolume", "\x01\x7f", "band", "MA*4294967296", "Buy-2",
-    "Sell-2", "Position-2", "\xff"};
-const int NameCount = int(sizeof Names / sizeof Names[0]);
-
-const std::string &megabyteName(int which)
-{
-    static const std::string plain(1 << 20, 'A');
-    static const std::string ohlc = std::string("OHLC") + std::string((1 << 20) - 4, '\xe9');
-    static const std::string position = std::string((1 << 20) - 10, 'z') + "Position-9";
-    return which == 0 ? plain : which == 1 ? ohlc : position;
-}
 
 void quietHandler(QtMsgType type, const QMessageLogContext &, const QString &msg)
 {
@@ -121,183 +82,6 @@ uint64_t FuzzDriver::run()
     return m_calls;
 }
 
-// ---- argument dictionaries -------------------------------------------------
-
-double FuzzDriver::pickDouble()
-{
-    const uint8_t b = m_in.byte();
-    if (b < 64)
-        return HostileDoubles[b % HostileDoubleCount];
-    if (b < 224)
-        return (int(m_in.u16()) - 16384) * 0.01;
-    return m_in.rawDouble();
-}
-
-double FuzzDriver::pickPrice()
-{
-    const uint8_t b = m_in.byte();
-    if (b < 40)
-        return HostileDoubles[b % HostileDoubleCount];
-    if (b < 240)
-        return 1.0 + m_in.u16() * 0.0125;
-    return m_in.rawDouble();
-}
-
-double FuzzDriver::pickTime()
-{
-    const uint8_t b = m_in.byte();
-    double t;
-    switch (b % 16) {
-    case 1: t = m_lastTime; break;  // duplicate
-    case 2: t = m_lastTime - (1 + m_in.byte()) * TimeSteps[m_in.byte() % 6]; break;
-    case 3: t = 2459000.5 + int16_t(m_in.u16()); break;
-    case 4: t = HostileTimes[m_in.byte() % HostileTimeCount]; break;
-    case 5: t = m_in.rawDouble(); break;
-    default: t = m_lastTime + TimeSteps[m_in.byte() % 6]; break;
-    }
-    if (isFinite(t) && std::fabs(t - 2459000.5) < 1e6)
-        m_lastTime = t;
-    return t;
-}
-
-const char *FuzzDriver::pickName()
-{
-    const uint8_t b = m_in.byte();
-    if (b < 200)
-        return Names[b % NameCount];
-    if (b < 203) {
-        // Rare: each use costs megabytes of copies.
-        if (m_in.byte() == 0x4d)
-            return megabyteName(b % 3).c_str();
-        return Names[m_in.byte() % NameCount];
-    }
-    // A short name made of the input's own bytes, sometimes with a known stem.
-    size_t n = 0;
-    if (b & 1) {
-        const char *stem = Names[2 + m_in.byte() % (NameCount - 2)];
-        for (; stem[n] && n < 16; ++n)
-            m_scratch[n] = stem[n];
-    }
-    n += m_in.bytes(m_scratch + n, sizeof m_scratch - n - 1);
-    m_scratch[n] = '\0';
-    return m_scratch;
-}
-
-QString FuzzDriver::pickQName()
-{
-    const char *name = pickName();
-    if (!name)
-        return QString();
-    if (m_in.flag())
-        return QString::fromUtf8(name);
-    return QString::fromLatin1(name);
-}
-
-long FuzzDriver::pickPanel()
-{
-    const long count = m_chart->GetPanelCount();
-    switch (m_in.byte() % 12) {
-    case 0: return -1;
-    case 1: case 2: return 0;
-    case 3: return 1;
-    case 4: return count - 1;
-    case 5: return count;
-    case 6: return count + 1;
-    case 7: return LONG_MAX;
-    case 8: return LONG_MIN;
-    case 9: return count + 2;
-    case 10: return 8;
-    default: return m_in.byte() % 6;
-    }
-}
-
-long FuzzDriver::pickLong()
-{
-    switch (m_in.byte() % 12) {
-    case 0: return 0;
-    case 1: return 1;
-    case 2: return -1;
-    case 3: return LONG_MAX;
-    case 4: return LONG_MIN;
-    case 5: return INT_MAX;
-    case 6: return INT_MIN;
-    case 7: return -long(m_in.byte() % 50);
-    case 8: return long(int64_t(m_in.u64()));
-    default: return m_in.byte() % 50;
-    }
-}
-
-int FuzzDriver::pickInt()
-{
-    switch (m_in.byte() % 10) {
-    case 0: return 0;
-    case 1: return -1;
-    case 2: return INT_MAX;
-    case 3: return INT_MIN;
-    case 4: return int(m_in.u32());
-    case 5: return -int(m_in.byte() % 20);
-    default: return m_in.byte() % 20;
-    }
-}
-
-long FuzzDriver::pickCursor()
-{
-    const uint8_t b = m_in.byte();
-    if (b < 210)
-        return long(b % 42) - 1;
-    const long odd[] = {LONG_MAX, LONG_MIN, long(INT_MAX) + 1, long(INT_MIN) - 1, 1000, -1000,
-                        INT_MAX, INT_MIN};
-    return odd[b % 8];
-}
-
-int FuzzDriver::pickColorIndex()
-{
-    const uint8_t b = m_in.byte();
-    if (b < 240)
-        return int(b % 14) - 2;
-    return b & 1 ? INT_MAX : INT_MIN;
-}
-
-unsigned long FuzzDriver::pickColor()
-{
-    switch (m_in.byte() % 8) {
-    case 0: return 0;
-    case 1: return 0xffffff;
-    case 2: return 0xffffffffUL;
-    case 3: return ULONG_MAX;
-    case 4: return 0x1000000;
-    default: return m_in.u32();
-    }
-}
-
-QPoint FuzzDriver::pickPoint(QWidget *w)
-{
-    const int width = qMax(1, w->width());
-    const int height = qMax(1, w->height());
-    switch (m_in.byte() % 10) {
-    case 0: return QPoint(0, 0);
-    case 1: return QPoint(width - 1, height - 1);
-    case 2: return QPoint(-1, -1);
-    case 3: return QPoint(width / 2, height / 2);
-    case 4: return QPoint(-100000, 100000);
-    case 5: return QPoint(width, height);
-    default: return QPoint(m_in.u16() % width, m_in.u16() % height);
-    }
-}
-
-QWidget *FuzzDriver::pickTarget()
-{
-    const uint8_t b = m_in.byte();
-    const QList<QwtPlotCanvas *> canvases = m_chart->findChildren<QwtPlotCanvas *>();
-    if ((b & 3) != 0 && !canvases.isEmpty())
-        return canvases.at(m_in.byte() % canvases.size());
-    // Anything else in the widget: scroll bar, zoom buttons, axes, line buttons.
-    const QList<QWidget *> all = m_chart->findChildren<QWidget *>();
-    if (all.isEmpty())
-        return m_chart;
-    return all.at(m_in.u16() % all.size());
-}
-
 // ---- operations ------------------------------------------------------------
 
 void FuzzDriver::step()
@@ -310,7 +94,7 @@ void FuzzDriver::step()
         timer.start();
     // Layout-heavy operations cost tens of milliseconds each under the
     // sanitizers; a budget per input keeps every input inside its second.
-    switch (op % 64) {
+    switch (op % OpCount) {
     case 0: case 2: case 3: case 4: case 19: case 21: case 22: case 23: case 47: case 48:
     case 49: case 53: case 60: case 61:
         if (++m_heavy > MaxHeavy)
@@ -319,9 +103,9 @@ void FuzzDriver::step()
     default:
         break;
     }
-    stepOp(op % 64);
+    stepOp(op % OpCount);
     if (trace)
-        std::fprintf(stderr, "op %2d: %lld us, %llu calls\n", op % 64,
+        std::fprintf(stderr, "op %2d: %lld us, %llu calls\n", op % OpCount,
                      static_cast<long long>(timer.nsecsElapsed() / 1000),
                      static_cast<unsigned long long>(m_calls));
 }
@@ -649,172 +433,6 @@ void FuzzDriver::stepOp(int op)
         }
         break;
     }
-}
-
-// A run of well-formed bars at a steady pace, as a feed delivers them:
-// builds the long histories that navigation and drawing then work on.
-void FuzzDriver::feedBatch()
-{
-    const char *name = m_in.flag() ? "OHLC" : pickName();
-    const std::string held = name ? name : "";
-    const int n = 1 + m_in.u16() % MaxBatch;
-    const double step = TimeSteps[m_in.byte() % 6];
-    double t = pickTime();
-    double price = 1.0 + m_in.u16() * 0.05;
-    const bool withValue = m_in.flag();
-    uint32_t seed = m_in.u32() | 1;
-    for (int i = 0; i < n && m_calls < uint64_t(MaxCalls); ++i) {
-        seed ^= seed << 13;
-        seed ^= seed >> 17;
-        seed ^= seed << 5;
-        const double move = (int(seed % 201) - 100) * price * 1e-4;
-        const double open = price;
-        price = std::max(0.0001, price + move);
-        const double high = std::max(open, price) * (1.0 + (seed >> 24) * 1e-5);
-        const double low = std::min(open, price) * (1.0 - ((seed >> 16) & 0xff) * 1e-5);
-        m_chart->AppendOHLC(name ? held.c_str() : nullptr, t, i == n - 1, open, high, low, price,
-                            long(seed % 100000));
-        called("AppendOHLC (batch)");
-        if (withValue) {
-            m_chart->AppendValue("MA*255#x", t, price, i == n - 1);
-            called("AppendValue (batch)");
-        }
-        t += step;
-    }
-    if (isFinite(t) && std::fabs(t - 2459000.5) < 1e6)
-        m_lastTime = t - step;
-}
-
-void FuzzDriver::mouseGesture()
-{
-    QPointer<QWidget> target = pickTarget();
-    const Qt::MouseButton buttons[] = {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton,
-                                       Qt::LeftButton};
-    const uint8_t b = m_in.byte();
-    const Qt::MouseButton button = buttons[b & 3];
-    const Qt::KeyboardModifiers mods = Qt::KeyboardModifiers(
-        (b & 0x10 ? Qt::ShiftModifier : 0) | (b & 0x20 ? Qt::ControlModifier : 0)
-        | (b & 0x40 ? Qt::AltModifier : 0));
-    const bool hoverOnly = b & 0x80;
-    QPoint p = pickPoint(target);
-    auto send = [&](QEvent::Type type, Qt::MouseButton which, Qt::MouseButtons held) {
-        if (!target)
-            return;
-        QMouseEvent ev(type, p, target->mapToGlobal(p), which, held, mods);
-        QApplication::sendEvent(target, &ev);
-        check("mouse event");
-    };
-    if (target && (b & 0x08)) {
-        QEvent enter(QEvent::Enter);
-        QApplication::sendEvent(target, &enter);
-        check("enter event");
-    }
-    if (!hoverOnly)
-        send(QEvent::MouseButtonPress, button, button);
-    const int moves = m_in.byte() % 10;
-    for (int i = 0; i < moves && target; ++i) {
-        if (m_in.byte() & 1)
-            p += QPoint(int8_t(m_in.byte()), int8_t(m_in.byte()));
-        else
-            p = pickPoint(target);
-        send(QEvent::MouseMove, Qt::NoButton, hoverOnly ? Qt::NoButton : Qt::MouseButtons(button));
-    }
-    if (!hoverOnly) {
-        send(QEvent::MouseButtonRelease, button, Qt::NoButton);
-        if (m_in.byte() % 4 == 0) {
-            send(QEvent::MouseButtonDblClick, button, button);
-            send(QEvent::MouseButtonRelease, button, Qt::NoButton);
-        }
-    }
-    if (target && (b & 0x04)) {
-        QEvent leave(QEvent::Leave);
-        QApplication::sendEvent(target, &leave);
-        check("leave event");
-    }
-}
-
-void FuzzDriver::wheel()
-{
-    QPointer<QWidget> target = pickTarget();
-    const int deltas[] = {120, -120, 0, 15, -15, 1200, -1200, 1000000, -1000000, 240};
-    const int dy = deltas[m_in.byte() % 10];
-    const int dx = deltas[m_in.byte() % 10];
-    const QPoint p = pickPoint(target);
-    const Qt::KeyboardModifiers mods = m_in.flag() ? Qt::ControlModifier : Qt::NoModifier;
-    QWheelEvent ev(p, target->mapToGlobal(p), QPoint(), QPoint(dx, dy), Qt::NoButton, mods,
-                   Qt::NoScrollPhase, false);
-    QApplication::sendEvent(target, &ev);
-    check("wheel event");
-}
-
-void FuzzDriver::key()
-{
-    const int keys[] = {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_Plus,
-                        Qt::Key_Minus, Qt::Key_Equal, Qt::Key_PageUp, Qt::Key_PageDown,
-                        Qt::Key_Home, Qt::Key_End, Qt::Key_Escape, Qt::Key_Delete,
-                        Qt::Key_Backspace, Qt::Key_Return, Qt::Key_Space};
-    const int k = keys[m_in.byte() % 16];
-    const Qt::KeyboardModifiers mods = m_in.flag() ? Qt::ControlModifier : Qt::NoModifier;
-    QPointer<QWidget> target;
-    switch (m_in.byte() % 3) {
-    case 0: target = pickTarget(); break;
-    case 1: target = m_chart->GetMainPanel(); break;
-    default: target = m_chart; break;
-    }
-    if (!target)
-        return;
-    QKeyEvent press(QEvent::KeyPress, k, mods);
-    QApplication::sendEvent(target, &press);
-    check("key press");
-    if (!target)
-        return;
-    QKeyEvent release(QEvent::KeyRelease, k, mods);
-    QApplication::sendEvent(target, &release);
-    check("key release");
-}
-
-// A panel goes away the way a closed panel does: the chart is told, then it
-// is destroyed. Telling the chart about no panel at all must be harmless too.
-void FuzzDriver::closePanel()
-{
-    const QList<Plot *> panels = m_chart->GetAllPanel();
-    const uint8_t b = m_in.byte();
-    if (panels.isEmpty() || b % 4 == 0) {
-        m_chart->OnPlotClose(nullptr);
-        called("OnPlotClose");
-        return;
-    }
-    Plot *p = panels.at(b % panels.size());
-    m_chart->OnPlotClose(p);
-    delete p;
-    called("OnPlotClose");
-}
-
-void FuzzDriver::removeSomePanels()
-{
-    const QList<Plot *> panels = m_chart->GetAllPanel();
-    QList<Plot *> doomed;
-    const int n = m_in.byte() % 4;
-    for (int i = 0; i < n; ++i) {
-        const uint8_t b = m_in.byte();
-        doomed.append(panels.isEmpty() || b == 0xff ? nullptr : panels.at(b % panels.size()));
-    }
-    m_chart->removePannels(doomed);
-    called("removePannels");
-}
-
-void FuzzDriver::render()
-{
-    if (m_renders >= MaxRenders)
-        return;
-    ++m_renders;
-    const QSize size = m_chart->size();
-    if (size.isEmpty())
-        return;
-    QImage image(size, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    m_chart->render(&image);
-    checkSeries("render");
 }
 
 // ---- invariants ------------------------------------------------------------

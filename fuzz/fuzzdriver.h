@@ -43,11 +43,17 @@ public:
     static const int MaxBatch = 600;
     static const int MaxPanels = 3;
     static const int MaxHeavy = 4;
+    // Operation codes: 0..63 the chart's members, gestures and renders;
+    // 64..67 drawing tools, 68..71 read-outs and annotations, 72..75 saved
+    // drawings, 76..79 bulk history and panel moves. A code without an
+    // operation yet falls to navigation.
+    static const int OpCount = 80;
 
 private:
     // argument dictionaries
     double pickDouble();
     double pickPrice();
+    double pickStep(); // a bar interval, in days
     double pickTime();
     const char *pickName();
     QString pickQName();
