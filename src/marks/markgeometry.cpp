@@ -16,6 +16,12 @@ int truncated(double v, double limit)
 
 int MarkGeometry::toPixel(double v)
 {
+    // A pixel mapped to plot coordinates and back comes out a hair off:
+    // that noise must not truncate to the pixel before, or a handle would
+    // creep one pixel up and left after every drag.
+    const double whole = std::round(v);
+    if (std::fabs(v - whole) < 1e-6)
+        v = whole;
     return truncated(v, Reach);
 }
 

@@ -18,8 +18,9 @@ public:
     // Pointer distance that still counts as on a line.
     static constexpr float Tolerance = 3.0f;
 
-    // A mapped coordinate as a whole pixel: truncated, NaN as 0, held
-    // within +-Reach.
+    // A mapped coordinate as a whole pixel: truncated (after rounding
+    // away the noise of a round trip through plot coordinates), NaN as 0,
+    // held within +-Reach.
     static int toPixel(double v);
 
     // The trend line's hit, in single precision: within Tolerance of the

@@ -205,6 +205,10 @@ bool MarkSelfDraw::eventFilter(QObject *watched, QEvent *event)
         if (event->type() != ChartEvents::handleDrag())
             return false;
     }
+    // Keys go to the Delete handling wherever they are sent, the mark's
+    // own canvas and handles included.
+    if (event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride)
+        return appEventFilter(watched, event);
     if (handleIndex(watched) >= 0)
         return handleEventFilter(watched, event);
     if (plot() && watched == plot()->canvas())
