@@ -20,28 +20,15 @@ void PlotRayMark::draw(QPainter *painter, const QwtScaleMap &xMap, const QwtScal
     if (end != a) // coincident anchors have no direction: no line
         drawSegment(painter, a, end, canvasRect, true);
 
-    // The label's bottom-right corner is on anchor 1; it stays whole on one
-    // line, moved inside the canvas where the corner is near an edge.
+    // The label stays whole, on one line.
     const QString text = labelText(a, b);
-    const QFont font = labelFont();
-    const QFontMetricsF metrics(font);
-    QRectF box(0.0, 0.0, std::ceil(metrics.horizontalAdvance(text)), metrics.height());
-    box.moveBottomRight(QPointF(MarkGeometry::toPixel(std::round(b.x())),
-                                MarkGeometry::toPixel(std::round(b.y()))));
-    if (!box.intersects(canvasRect))
+    const QRectF box = labelBox(text, b, canvasRect);
+    if (box.isEmpty())
         return;
-    if (box.right() > canvasRect.right())
-        box.moveRight(canvasRect.right());
-    if (box.bottom() > canvasRect.bottom())
-        box.moveBottom(canvasRect.bottom());
-    if (box.left() < canvasRect.left())
-        box.moveLeft(canvasRect.left());
-    if (box.top() < canvasRect.top())
-        box.moveTop(canvasRect.top());
     QTextOption option;
     option.setWrapMode(QTextOption::NoWrap);
     painter->save();
-    painter->setFont(font);
+    painter->setFont(labelFont());
     painter->setPen(color);
     painter->drawText(box, text, option);
     painter->restore();
@@ -53,6 +40,25 @@ QString PlotRayMark::labelText(QPointF a, QPointF b) const
     const int decimals = panel ? panel->priceDecimals() : 4;
     return MarkGeometry::rayLabel(points.value(0), points.value(1), MarkGeometry::direction(a, b),
                                   decimals);
+}
+
+QRectF PlotRayMark::labelBox(const QString &text, QPointF corner, const QRectF &canvas)
+{
+    const QFontMetricsF metrics(labelFont());
+    QRectF box(0.0, 0.0, std::ceil(metrics.horizontalAdvance(text)), metrics.height());
+    box.moveBottomRight(QPointF(MarkGeometry::toPixel(std::round(corner.x())),
+                                MarkGeometry::toPixel(std::round(corner.y()))));
+    if (!box.intersects(canvas))
+        return QRectF();
+    if (box.right() > canvas.right())
+        box.moveRight(canvas.right());
+    if (box.bottom() > canvas.bottom())
+        box.moveBottom(canvas.bottom());
+    if (box.left() < canvas.left())
+        box.moveLeft(canvas.left());
+    if (box.top() < canvas.top())
+        box.moveTop(canvas.top());
+    return box;
 }
 
 QFont PlotRayMark::labelFont()

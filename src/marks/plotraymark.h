@@ -19,6 +19,10 @@ public:
     QString labelText(QPointF a, QPointF b) const;
     // The label's font: the chart's, "Roboto" at 10 pixels.
     static QFont labelFont();
+    // Where the label goes: bottom-right corner on `corner`, the text's
+    // width and one line high, moved inside `canvas` when the corner is
+    // near an edge. Empty when the label would not show at all.
+    static QRectF labelBox(const QString &text, QPointF corner, const QRectF &canvas);
 };
 
 #endif // PLOTRAYMARK_H
