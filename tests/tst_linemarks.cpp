@@ -287,6 +287,18 @@ private Q_SLOTS:
             QCOMPARE(m->handle(1)->testAttribute(Qt::WA_TransparentForMouseEvents),
                      s != 0 && s != 3);
         }
+        // The handles of a mark not selected are invisible, yet one under
+        // the pointer is there to show its point and to be dragged.
+        QWidget *canvas = canvasOf(chart->GetMainPanel());
+        sendMouse(canvas, QEvent::MouseButtonPress, QPoint(600, 300), Qt::LeftButton, Qt::LeftButton);
+        sendMouse(canvas, QEvent::MouseButtonRelease, QPoint(600, 300), Qt::LeftButton, Qt::NoButton);
+        QVERIFY(!m->isSelected());
+        QVERIFY(!m->handle(0)->isVisible());
+        sendMouse(canvas, QEvent::MouseMove, QPoint(97, 63), Qt::NoButton, Qt::NoButton);
+        QVERIFY(m->handle(0)->isVisible());
+        QVERIFY(!m->handle(1)->isVisible());
+        sendMouse(canvas, QEvent::MouseMove, QPoint(500, 300), Qt::NoButton, Qt::NoButton);
+        QVERIFY(!m->handle(0)->isVisible());
     }
 
 private:

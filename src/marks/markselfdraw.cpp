@@ -14,6 +14,11 @@
 
 #include <cmath>
 
+namespace {
+// Looked up once: every event of the application is compared with it.
+const QEvent::Type DragType = ChartEvents::handleDrag();
+}
+
 const char *const MarkSelfDraw::ShownHandleStyle =
     "*{background-color:rgba(0,0,0,0);border:none;"
     "background-image:url(:/Icons/Resources/icon_point2.png);}"
@@ -100,6 +105,8 @@ void MarkSelfDraw::updateHandleFromPoint(int i)
     handleCenter(i, centre);
     if (centre != pixel)
         moveHandleTo(i, pixel);
+    else
+        placeHandle(i, handles.at(i)->pos()); // the canvas may have changed size
 }
 
 void MarkSelfDraw::updatePointFromHandle(int i)
@@ -133,7 +140,7 @@ void MarkSelfDraw::moveHandleTo(int i, QPoint center)
         return;
     QRect r = handles.at(i)->geometry();
     r.moveCenter(center);
-    handles.at(i)->move(r.topLeft());
+    placeHandle(i, r.topLeft());
 }
 
 void MarkSelfDraw::handleCenter(int i, QPoint &center)
@@ -155,6 +162,8 @@ void MarkSelfDraw::setHandlesShown(bool shown)
         if (h && h->styleSheet() != text) // restyling costs a polish
             h->setStyleSheet(text);
     }
+    handlesShown = shown;
+    revealHandles();
 }
 
 void MarkSelfDraw::paintOverlay(QPainter *, QWidget *)
@@ -202,7 +211,7 @@ bool MarkSelfDraw::eventFilter(QObject *watched, QEvent *event)
     case QEvent::ShortcutOverride:
         break;
     default:
-        if (event->type() != ChartEvents::handleDrag())
+        if (event->type() != DragType)
             return false;
     }
     // Keys go to the Delete handling wherever they are sent, the mark's
@@ -219,7 +228,7 @@ bool MarkSelfDraw::eventFilter(QObject *watched, QEvent *event)
 bool MarkSelfDraw::handleEventFilter(QObject *watched, QEvent *event)
 {
     const int i = handleIndex(watched);
-    if (event->type() == ChartEvents::handleDrag()) {
+    if (event->type() == DragType) {
         updatePointFromHandle(i);
         onHandleMoved(i);
         replotPlot();
@@ -252,6 +261,7 @@ bool MarkSelfDraw::canvasEventFilter(QObject *watched, QEvent *event)
         return false;
     auto *mouse = static_cast<QMouseEvent *>(event);
     const QPoint pos = mouse->pos();
+    pointer = pos;
 
     if (type == QEvent::MouseButtonPress) {
         if (mouse->button() == Qt::LeftButton) {
@@ -292,7 +302,7 @@ bool MarkSelfDraw::canvasEventFilter(QObject *watched, QEvent *event)
             for (int i = 0; i < handles.size(); ++i) {
                 if (!handles.at(i))
                     continue;
-                handles.at(i)->move(handles.at(i)->pos() + step);
+                placeHandle(i, handles.at(i)->pos() + step);
                 updatePointFromHandle(i);
             }
             replotPlot();
@@ -316,6 +326,8 @@ bool MarkSelfDraw::canvasEventFilter(QObject *watched, QEvent *event)
         setHandlesShown(true);
     else if (!selected)
         setHandlesShown(false);
+    else
+        revealHandles();
     if (changed)
         replotPlot();
     return false;
@@ -351,6 +363,41 @@ QWidget *MarkSelfDraw::addHandle(int axisLock)
     handles.append(h);
     points.append(QPointF(0.0, 0.0));
     return h;
+}
+
+// A handle is a widget only where it can be seen or touched: on the canvas,
+// and while the handles are not shown (they are invisible then), only
+// under the pointer, where its style shows a point. Moving a hidden widget
+// costs no event and painting one costs nothing, and every event passes
+// every mark's filter: a scroll over a chart with many marks pays only for
+// the handles that show.
+void MarkSelfDraw::placeHandle(int i, QPoint topLeft)
+{
+    QWidget *h = handles.at(i);
+    const QWidget *canvas = h->parentWidget();
+    const QRect area(topLeft, h->size());
+    const bool inside = canvas && plot() && canvas == plot()->canvas()
+                        && canvas->rect().intersects(area)
+                        && (handlesShown || area.contains(pointer));
+    if (!inside && !h->isHidden())
+        h->hide();
+    if (h->pos() != topLeft) {
+        h->move(topLeft);
+        // Nobody needs to hear of a hidden handle's move; rendering the
+        // chart (grab, print) would otherwise send the event late.
+        if (!inside)
+            h->setAttribute(Qt::WA_PendingMoveEvent, false);
+    }
+    if (inside && h->isHidden())
+        h->show();
+}
+
+void MarkSelfDraw::revealHandles()
+{
+    for (int i = 0; i < handles.size(); ++i) {
+        if (handles.at(i))
+            placeHandle(i, handles.at(i)->pos());
+    }
 }
 
 void MarkSelfDraw::replotPlot()

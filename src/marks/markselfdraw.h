@@ -8,6 +8,8 @@
 #include <QVector>
 #include <QWidget>
 
+#include "markgeometry.h"
+
 #include <qwt_plot_item.h>
 
 class QPainter;
@@ -93,6 +95,9 @@ protected:
     void replotPlot();
     // Pixel of point i on the attached canvas.
     QPoint pixelOf(int i) const;
+    // Moves handle i; a widget only where it can be seen or touched.
+    void placeHandle(int i, QPoint topLeft);
+    void revealHandles();
     bool validHandle(int i) const;
 
     bool selected = false;
@@ -109,6 +114,9 @@ protected:
 private:
     void endDrag();
     int handleIndex(const QObject *watched) const;
+
+    bool handlesShown = false;               // the shown style is on
+    QPoint pointer{-MarkGeometry::Reach, 0}; // last mouse position on the canvas
 };
 
 #endif // MARKSELFDRAW_H

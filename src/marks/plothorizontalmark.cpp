@@ -82,6 +82,7 @@ void PlotHorizontalMark::draw(QPainter *painter, const QwtScaleMap &, const QwtS
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing, false);
     QPen pen(color);
+    pen.setCosmetic(true); // one pixel whatever the painter's scale: the fast stroker
     pen.setStyle(Qt::PenStyle(lineStyle));
     painter->setPen(pen);
     painter->drawLine(line);

@@ -41,6 +41,7 @@ void PlotLineMark::drawSegment(QPainter *painter, QPointF a, QPointF b,
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing, antialiased);
     QPen pen(color);
+    pen.setCosmetic(true); // one pixel whatever the painter's scale: the fast stroker
     pen.setStyle(Qt::PenStyle(lineStyle));
     painter->setPen(pen);
     painter->drawLine(a, b);

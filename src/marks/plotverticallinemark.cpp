@@ -81,6 +81,7 @@ void PlotVerticalLineMark::paintOverlay(QPainter *painter, QWidget *on)
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing, false);
     QPen pen(color);
+    pen.setCosmetic(true); // one pixel whatever the painter's scale: the fast stroker
     pen.setStyle(Qt::PenStyle(lineStyle));
     painter->setPen(pen);
     const QLine line(x, 0, x, on->height() - 1);
