@@ -93,6 +93,8 @@ QString RunResult::keyValueLine() const
     s += QStringLiteral(" view_wide_bars=") + num(viewWideBars);
     s += QStringLiteral(" tick_us=") + num(tickUs);
     s += QStringLiteral(" pan_fps=") + num(panFps);
+    s += QStringLiteral(" pan_marks_spread_fps=") + num(panMarksSpreadFps);
+    s += QStringLiteral(" pan_marks_fps=") + num(panMarksFps);
     s += QStringLiteral(" mem_bytes_per_bar=") + num(memBytes);
     if (!notes.isEmpty())
         s += QStringLiteral(" notes=") + notes.join(QLatin1Char(','));
@@ -264,24 +266,46 @@ RunResult BenchRunner::runLibrary(const QString &lib, const QVector<Bar> &bars,
     r.frameWideMs = median(samples);
 
     // Panning from the middle of the history, back and forth by one bar.
-    chart->viewMiddle(r.viewBars);
-    frame();
-    samples.clear();
-    for (int rep = 0; rep < reps; ++rep) {
-        const int direction = rep % 2 ? -1 : 1;
-        const Clock::time_point t0 = Clock::now();
-        int steps = 0;
-        while (steps < m_options.panSteps
-               && (steps < 5 || secondsSince(t0) < m_options.panMaxSeconds)) {
-            chart->step(direction);
-            chart->render(image);
-            ++steps;
+    // (viewMiddle only works from the newest bars, where a load leaves the view.)
+    auto panRate = [&] {
+        frame();
+        QVector<double> rates;
+        for (int rep = 0; rep < reps; ++rep) {
+            const int direction = rep % 2 ? -1 : 1;
+            const Clock::time_point t0 = Clock::now();
+            int steps = 0;
+            while (steps < m_options.panSteps
+                   && (steps < 5 || secondsSince(t0) < m_options.panMaxSeconds)) {
+                chart->step(direction);
+                chart->render(image);
+                ++steps;
+            }
+            rates.append(steps / secondsSince(t0));
+            if (steps < m_options.panSteps && !r.notes.contains(QStringLiteral("pan_cut_short")))
+                r.notes << QStringLiteral("pan_cut_short");
         }
-        samples.append(steps / secondsSince(t0));
-        if (steps < m_options.panSteps && !r.notes.contains(QStringLiteral("pan_cut_short")))
-            r.notes << QStringLiteral("pan_cut_short");
+        return median(rates);
+    };
+    chart->viewMiddle(r.viewBars);
+    r.panFps = panRate();
+
+    // The same with 200 trend lines on the price panel: spread over the
+    // 2,000 bars around the view, then all in view (fresh charts).
+    const bool draws = create(lib)->addMarks(0, 0);
+    for (double RunResult::*field : {&RunResult::panMarksSpreadFps, &RunResult::panMarksFps}) {
+        if (!draws)
+            break;
+        chart.reset();
+        chart = create(lib);
+        for (int i = 0; i < bars.size(); ++i)
+            chart->append(bars[i], i == bars.size() - 1);
+        chart->finishLoad();
+        chart->viewNewest(viewBars);
+        chart->viewMiddle(r.viewBars);
+        const int spread = field == &RunResult::panMarksSpreadFps ? 2000 : 0;
+        chart->addMarks(MarkCount, spread);
+        r.*field = panRate();
     }
-    r.panFps = median(samples);
     chart.reset();
 
     if (m_options.memory)
@@ -370,6 +394,10 @@ int BenchRunner::profile(const QString &workload, int count, int iterations)
             };
         } else if (workload == QLatin1String("pan")) {
             chart->viewMiddle(viewBars);
+            work = [&] { chart->step(1); chart->render(image); };
+        } else if (workload.startsWith(QLatin1String("pan-marks"))) {
+            chart->viewMiddle(viewBars);
+            chart->addMarks(MarkCount, workload.endsWith(QLatin1String("spread")) ? 2000 : 0);
             work = [&] { chart->step(1); chart->render(image); };
         } else {
             std::fprintf(stderr, "unknown workload %s\n", qPrintable(workload));

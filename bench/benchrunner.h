@@ -27,6 +27,8 @@ struct RunResult
     double viewWideBars = NAN;
     double tickUs = NAN;        // edit newest bar + render
     double panFps = NAN;        // one-bar scroll + render
+    double panMarksSpreadFps = NAN; // the same, 200 marks over 2,000 bars around the view
+    double panMarksFps = NAN;   // the same, 200 marks all in view
     double memBytes = NAN;      // peak RSS over the empty chart, per bar
     QStringList notes;
 
@@ -50,6 +52,9 @@ struct BenchOptions
 class BenchRunner
 {
 public:
+    // Marks drawn for the pan-with-marks figures.
+    static const int MarkCount = 200;
+
     using Factory = std::function<std::unique_ptr<ChartAdapter>()>;
 
     explicit BenchRunner(const BenchOptions &options);

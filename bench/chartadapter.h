@@ -42,6 +42,11 @@ public:
     virtual void viewMiddle(double bars) = 0;
     // One bar towards newer (+1) or older (-1) bars, then replot.
     virtual void step(int direction) = 0;
+    // Draws `count` trend lines on the price panel the way a user does,
+    // either all in the current view or spread over `spreadBars` bars
+    // around it, and leaves the view where it was. False where the library
+    // has no drawing tools.
+    virtual bool addMarks(int count, int spreadBars) { (void)count; (void)spreadBars; return false; }
 
     // Renders the whole window into `image` (which matches its size).
     void render(QImage &image);

@@ -23,7 +23,8 @@ void usage()
         "  --min-batch SEC    shortest frame/tick batch (default 0.25)\n"
         "  --load-limit SEC   abandon a load slower than this (default 10)\n"
         "  --no-memory        skip the memory runs (child processes)\n"
-        "  --profile W        run workload W (frame, wide, tick, pan, load, load-show)\n"
+        "  --profile W        run workload W (frame, wide, tick, pan, pan-marks,\n"
+        "                     pan-marks-spread, load, load-show)\n"
         "                     of the first library at the first size, --iters times,\n"
         "                     for valgrind --tool=callgrind --toggle-collect='*profiledSection*'\n"
         "  --iters K          iterations of --profile (default 20)\n"
@@ -70,6 +71,8 @@ const Metric Metrics[] = {
     {"frame, widest %1 bars (ms)", &RunResult::frameWideMs, ""},
     {"tick (us)", &RunResult::tickUs, "<= 750"},
     {"pan (frames/s)", &RunResult::panFps, ">= 1200"},
+    {"pan, 200 marks spread (frames/s)", &RunResult::panMarksSpreadFps, "> pan / 2"},
+    {"pan, 200 marks in view (frames/s)", &RunResult::panMarksFps, "> pan / 2"},
     {"memory (bytes/bar)", &RunResult::memBytes, "<= 64"},
 };
 
@@ -153,6 +156,10 @@ void printBudget(const QMap<int, QVector<RunResult>> &all)
         check("tick speed-up over qcustomplot", speedup, speedup >= 1.5, ">= 1.5");
     }
     check("pan (frames/s)", ours->panFps, ours->panFps >= 1200, ">= 1200");
+    const double spread = ours->panMarksSpreadFps / ours->panFps;
+    check("pan, 200 marks spread / pan", spread, spread > 0.5, "> 0.5");
+    const double inView = ours->panMarksFps / ours->panFps;
+    check("pan, 200 marks in view / pan", inView, inView > 0.5, "> 0.5");
     const double loadS = ours->loadUs * largest * 1e-6;
     const double showS = ours->loadShowUs * largest * 1e-6;
     check("load (s)", loadS, loadS <= 1.0 * largest / 1e6, "<= 1.0/1e6");

@@ -2,7 +2,8 @@
 
 #include "pricegraph.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QMouseEvent>
 #include <QWidget>
 
 PriceGraphAdapter::PriceGraphAdapter()
@@ -117,6 +118,47 @@ void PriceGraphAdapter::viewMiddle(double)
     viewNewest(0);
     m_chart->ScrollLeft(m_count / 2);
     settle();
+}
+
+bool PriceGraphAdapter::addMarks(int count, int spreadBars)
+{
+    // The price panel's canvas is the topmost one.
+    QWidget *canvas = nullptr;
+    for (QWidget *w : m_chart->findChildren<QWidget *>()) {
+        if (w->inherits("QwtPlotCanvas")
+            && (!canvas || w->mapTo(m_chart, QPoint()).y() < canvas->mapTo(m_chart, QPoint()).y()))
+            canvas = w;
+    }
+    if (!canvas)
+        return false;
+    auto send = [canvas](QEvent::Type type, QPoint at, Qt::MouseButtons held) {
+        QMouseEvent e(type, at, canvas->mapToGlobal(at), Qt::LeftButton, held, Qt::NoModifier);
+        QApplication::sendEvent(canvas, &e);
+    };
+    const int groups = spreadBars > 0 ? 20 : 1;
+    const long stride = spreadBars / groups;
+    if (spreadBars > 0)
+        m_chart->ScrollLeft(spreadBars / 2);
+    const int w = canvas->width(), h = canvas->height();
+    for (int i = 0; i < count; ++i) {
+        if (spreadBars > 0 && i > 0 && i % (count / groups) == 0)
+            m_chart->ScrollRight(stride);
+        // Lines of every slope and length, anywhere on the canvas.
+        const QPoint from(20 + (i * 37) % (w - 240), 20 + (i * 53) % (h - 140));
+        const QPoint to = from + QPoint(40 + (i * 29) % 200, (i * 41) % 120 - 60);
+        m_chart->SetCursorType(2);
+        send(QEvent::MouseButtonPress, from, Qt::LeftButton);
+        send(QEvent::MouseMove, (from + to) / 2, Qt::LeftButton);
+        send(QEvent::MouseMove, to, Qt::LeftButton);
+        send(QEvent::MouseButtonRelease, to, Qt::NoButton);
+    }
+    // Deselected, as a trader leaves them.
+    send(QEvent::MouseButtonPress, QPoint(w - 2, 2), Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, QPoint(w - 2, 2), Qt::NoButton);
+    if (spreadBars > 0)
+        m_chart->ScrollLeft(stride * (groups - 1) - spreadBars / 2);
+    settle();
+    return true;
 }
 
 void PriceGraphAdapter::step(int direction)

@@ -23,6 +23,7 @@ public:
     double viewWidest(double bars) override;
     void viewMiddle(double bars) override;
     void step(int direction) override;
+    bool addMarks(int count, int spreadBars) override;
 
 private:
     // Bars in view at the tracked zoom: the widget gives a bar 16 pixels at

@@ -146,6 +146,7 @@ void MainWindow::buildToolBars()
         a->setCheckable(true);
         a->setData(qlonglong(t.type));
         a->setChecked(t.type == 3);
+        a->setEnabled(QList<long>{1, 2, 3, 6, 28, 29, 30}.contains(t.type)); // the rest come later
         cursorGroup->addAction(a);
         const long type = t.type;
         connect(a, &QAction::triggered, this, [this, type] { chart->SetCursorType(type); });
@@ -155,6 +156,11 @@ void MainWindow::buildToolBars()
     tools->addSeparator();
     for (const CursorTool &t : kTools)
         addTool(t);
+    // Escape puts the tool down; Delete removes the selected mark (the chart does that).
+    QAction *escape = new QAction(this);
+    escape->setShortcut(QKeySequence(Qt::Key_Escape));
+    connect(escape, &QAction::triggered, this, [this] { chart->SetCursorType(3); });
+    addAction(escape);
 }
 
 void MainWindow::buildMenus()

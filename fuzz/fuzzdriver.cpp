@@ -2,6 +2,8 @@
 
 #include "barseries.h"
 #include "fuzzchart.h"
+#include "markgesture.h"
+#include "markregistry.h"
 #include "orderentrysink.h"
 #include "plot.h"
 #include "pricegraphprivate.h"
@@ -423,6 +425,22 @@ void FuzzDriver::stepOp(int op)
         m_chart->setVisible(m_in.byte() % 4 != 0);
         check("show or hide");
         break;
+    case 64:
+        drawGesture();
+        checkMarks("drawing gesture", true);
+        break;
+    case 65:
+        markGesture();
+        checkMarks("mark gesture", true);
+        break;
+    case 66:
+        markKeys();
+        checkMarks("mark keys", true);
+        break;
+    case 67:
+        markHazard();
+        checkMarks("mark hazard", true);
+        break;
     default:
         // Navigation is where the hostile view states come from: weight it.
         switch (m_in.byte() % 4) {
@@ -484,6 +502,36 @@ void FuzzDriver::check(const char *what)
         if (times.size() != size_t(bars->size()))
             qFatal("invariant: %d bars but %d times after %s", bars->size(), int(times.size()),
                    what);
+    }
+    checkMarks(what, false);
+}
+
+// Every mark is on a panel of this chart, with its handles on that panel's
+// canvas and finite anchors. After a whole gesture no gesture is left in
+// progress and no override cursor is left behind.
+void FuzzDriver::checkMarks(const char *what, bool gestureOver)
+{
+    const QList<Plot *> panels = m_chart->GetAllPanel();
+    MarkRegistry *marks = PriceGraphPrivate::markRegistryOf(m_chart);
+    for (MarkSelfDraw *m : marks->all()) {
+        Plot *host = dynamic_cast<Plot *>(m->plot());
+        if (!host || !panels.contains(host))
+            qFatal("invariant: a mark outlived its panel after %s", what);
+        for (int i = 0; i < m->count(); ++i) {
+            if (m->handle(i) && m->handle(i)->parent() != host->canvas())
+                qFatal("invariant: a handle is off its mark's canvas after %s", what);
+            if (!isFinite(m->pointAt(i).x()) || !isFinite(m->pointAt(i).y()))
+                qFatal("invariant: anchor %d at (%g, %g) after %s", i, m->pointAt(i).x(),
+                       m->pointAt(i).y(), what);
+        }
+    }
+    if (!gestureOver)
+        return;
+    if (QApplication::overrideCursor())
+        qFatal("invariant: an override cursor is left after %s", what);
+    for (Plot *p : panels) {
+        if (p->markGesture()->currentMark())
+            qFatal("invariant: a drawing gesture is left open after %s", what);
     }
 }
 

@@ -10,6 +10,7 @@
 #include <string>
 
 class FuzzChart;
+class MarkSelfDraw;
 class OrderEntrySink;
 class QWidget;
 
@@ -43,6 +44,8 @@ public:
     static const int MaxBatch = 600;
     static const int MaxPanels = 3;
     static const int MaxHeavy = 4;
+    // Every mark filters every event: more would only slow an input down.
+    static const int MaxMarks = 40;
     // Operation codes: 0..63 the chart's members, gestures and renders;
     // 64..67 drawing tools, 68..71 read-outs and annotations, 72..75 saved
     // drawings, 76..79 bulk history and panel moves. A code without an
@@ -76,10 +79,18 @@ private:
     void closePanel();
     void removeSomePanels();
     void render();
+    // drawing tools (codes 64..67)
+    void drawGesture();
+    void markGesture();
+    void markKeys();
+    void markHazard();
+    MarkSelfDraw *pickMark();
+    long pickDrawingType();
 
     void called(const char *what);
     void check(const char *what);
     void checkSeries(const char *what);
+    void checkMarks(const char *what, bool gestureOver);
 
     FuzzInput m_in;
     FuzzChart *m_chart;

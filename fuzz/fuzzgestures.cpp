@@ -1,7 +1,9 @@
 #include "fuzzdriver.h"
 
 #include "fuzzchart.h"
+#include "markregistry.h"
 #include "plot.h"
+#include "pricegraphprivate.h"
 
 #include <QApplication>
 #include <QImage>
@@ -180,3 +182,204 @@ void FuzzDriver::render()
     checkSeries("render");
 }
 
+
+// ---- drawing tools ---------------------------------------------------------
+
+namespace {
+
+void sendMouse(QWidget *w, QEvent::Type type, QPoint p, Qt::MouseButton button,
+               Qt::MouseButtons held)
+{
+    if (!w)
+        return;
+    QMouseEvent ev(type, p, w->mapToGlobal(p), button, held, Qt::NoModifier);
+    QApplication::sendEvent(w, &ev);
+}
+
+void sendKey(QObject *target, QEvent::Type type, int key)
+{
+    if (!target)
+        return;
+    QKeyEvent ev(type, key, Qt::NoModifier);
+    QApplication::sendEvent(target, &ev);
+}
+
+} // namespace
+
+long FuzzDriver::pickDrawingType()
+{
+    const long types[] = {2, 27, 28, 29, 30, 2, 30, 28, 9, 11, 24, 31, 5, 0, 12, 3};
+    const uint8_t b = m_in.byte();
+    return b & 0x80 ? pickCursor() : types[b % 16];
+}
+
+MarkSelfDraw *FuzzDriver::pickMark()
+{
+    const QList<MarkSelfDraw *> marks = PriceGraphPrivate::markRegistryOf(m_chart)->all();
+    const uint8_t b = m_in.byte();
+    return marks.isEmpty() ? nullptr : marks.at(b % marks.size());
+}
+
+// A tool chosen and drawn on a panel's canvas, with what a user or host may
+// do in the middle of it: switch the tool, press again, close the panel,
+// press Delete, navigate, resize.
+void FuzzDriver::drawGesture()
+{
+    MarkRegistry *marks = PriceGraphPrivate::markRegistryOf(m_chart);
+    long type = pickDrawingType();
+    if (marks->all().size() >= MaxMarks)
+        type = 3;
+    m_chart->SetCursorType(type);
+    called("SetCursorType (drawing)");
+    // Mostly a panel's canvas, where drawing happens.
+    const QList<Plot *> panels = m_chart->GetAllPanel();
+    const uint8_t where = m_in.byte();
+    QPointer<QWidget> target = where % 8 && !panels.isEmpty()
+                                   ? panels.at((where >> 3) % panels.size())->canvas()
+                                   : pickTarget();
+    QPoint p = pickPoint(target);
+    const Qt::MouseButton button = m_in.byte() % 5 ? Qt::LeftButton : Qt::RightButton;
+    sendMouse(target, QEvent::MouseButtonPress, p, button, button);
+    check("drawing press");
+    const int moves = m_in.byte() % 8;
+    for (int i = 0; i < moves && target; ++i) {
+        const uint8_t hazard = m_in.byte();
+        switch (hazard % 16) {
+        case 0:
+            m_chart->SetCursorType(pickDrawingType());
+            called("SetCursorType (mid-gesture)");
+            break;
+        case 1:
+            if (marks->all().size() < MaxMarks)
+                sendMouse(target, QEvent::MouseButtonPress, p, Qt::LeftButton, Qt::LeftButton);
+            break;
+        case 2:
+            closePanel();
+            break;
+        case 3:
+            sendKey(target, QEvent::KeyPress, Qt::Key_Delete);
+            break;
+        case 4:
+            m_chart->ScrollLeft(long(int8_t(m_in.byte())));
+            called("ScrollLeft (mid-gesture)");
+            break;
+        default:
+            break;
+        }
+        check("drawing hazard");
+        p += QPoint(int8_t(m_in.byte()), int8_t(m_in.byte()));
+        sendMouse(target, QEvent::MouseMove, p, Qt::NoButton, button);
+        check("drawing move");
+    }
+    sendMouse(target, QEvent::MouseButtonRelease, p, button, Qt::NoButton);
+    // A release that went elsewhere: the tool is put down by the host.
+    if (!target || m_in.byte() % 8 == 0)
+        m_chart->SetCursorType(3);
+}
+
+// A finished mark taken by a handle or by its body, or hovered.
+void FuzzDriver::markGesture()
+{
+    QPointer<MarkSelfDraw> mark = pickMark();
+    if (!mark || !mark->plot())
+        return;
+    const uint8_t b = m_in.byte();
+    const int i = b % qMax(1, mark->count());
+    QPointer<QWidget> target = (b & 0x10) ? mark->handle(i) : mark->plot()->canvas();
+    if (!target)
+        return;
+    QPoint p(7, 7);
+    if (!(b & 0x10)) {
+        // On the body: between the first two handles, or on the only one.
+        QPoint a, c;
+        mark->handleCenter(0, a);
+        c = a;
+        mark->handleCenter(mark->count() - 1, c);
+        p = (a + c) / 2;
+    }
+    const Qt::MouseButton button = (b & 0x20) ? Qt::RightButton : Qt::LeftButton;
+    const bool hover = b & 0x40;
+    if (!hover)
+        sendMouse(target, QEvent::MouseButtonPress, p, button, button);
+    const int moves = m_in.byte() % 6;
+    for (int k = 0; k < moves && target; ++k) {
+        p += QPoint(int8_t(m_in.byte()), int8_t(m_in.byte()));
+        sendMouse(target, QEvent::MouseMove, p, Qt::NoButton,
+                  hover ? Qt::NoButton : Qt::MouseButtons(button));
+        check("mark move");
+    }
+    if (!hover)
+        sendMouse(target, QEvent::MouseButtonRelease, p, button, Qt::NoButton);
+}
+
+// Delete (as a key press or a shortcut override) and Escape, sent where the
+// focus might be.
+void FuzzDriver::markKeys()
+{
+    const uint8_t b = m_in.byte();
+    if (b & 0x01) {
+        if (MarkSelfDraw *mark = pickMark())
+            mark->setSelected(true);
+    }
+    QObject *target = qApp;
+    switch ((b >> 1) % 4) {
+    case 0: target = pickTarget(); break;
+    case 1: if (MarkSelfDraw *mark = pickMark()) target = mark->handle(0); break;
+    case 2: target = m_chart; break;
+    default: break;
+    }
+    const int key = (b & 0x20) ? Qt::Key_Escape : Qt::Key_Delete;
+    sendKey(target, (b & 0x40) ? QEvent::ShortcutOverride : QEvent::KeyPress, key);
+    check("mark key");
+}
+
+// Whole-mark drags interrupted: Delete, the panel closed, the view moved,
+// older history inserted, or the release lost.
+void FuzzDriver::markHazard()
+{
+    QPointer<MarkSelfDraw> mark = pickMark();
+    if (!mark || !mark->plot())
+        return;
+    QPointer<QWidget> canvas = mark->plot()->canvas();
+    QPoint a, c;
+    mark->handleCenter(0, a);
+    c = a;
+    mark->handleCenter(mark->count() - 1, c);
+    QPoint p = (a + c) / 2;
+    sendMouse(canvas, QEvent::MouseButtonPress, p, Qt::LeftButton, Qt::LeftButton);
+    check("hazard press");
+    switch (m_in.byte() % 6) {
+    case 0:
+        mark->setSelected(true);
+        sendKey(canvas, QEvent::KeyPress, Qt::Key_Delete);
+        break;
+    case 1:
+        if (mark) {
+            Plot *host = static_cast<Plot *>(mark->plot());
+            m_chart->OnPlotClose(host);
+            delete host;
+            called("OnPlotClose (mid-drag)");
+        }
+        break;
+    case 2:
+        m_chart->ZoomIn(1);
+        called("ZoomIn (mid-drag)");
+        break;
+    case 3: {
+        // An older bar: the bars after it, and the marks on them, move.
+        const double t = m_in.flag() ? 2459000.5 - m_in.byte() : pickTime();
+        m_chart->AppendOHLC("OHLC", t, true, 100.0, 101.0, 99.0, 100.5, 10);
+        called("AppendOHLC (mid-drag)");
+        break;
+    }
+    case 4:
+        sendMouse(canvas, QEvent::MouseMove, p + QPoint(5, 5), Qt::NoButton, Qt::NoButton);
+        break;
+    default:
+        break;
+    }
+    check("drag hazard");
+    p += QPoint(int8_t(m_in.byte()), int8_t(m_in.byte()));
+    sendMouse(canvas, QEvent::MouseMove, p, Qt::NoButton, Qt::LeftButton);
+    sendMouse(canvas, QEvent::MouseButtonRelease, p, Qt::LeftButton, Qt::NoButton);
+}

@@ -38,3 +38,16 @@ for i in range(24):
     tail = bytes(rng.getrandbits(8) for _ in range(rng.randrange(64, 1500)))
     with open(os.path.join(out, "seed-%02d" % i), "wb") as f:
         f.write(prefix + tail)
+
+# Drawing sessions: the same loaded charts, then tails in which most
+# operation bytes pick the drawing tool operations (64..67).
+draw_rng = random.Random(20270112)
+for i in range(6):
+    prefix = add_series(OHLC, 1) + feed(draw_rng.randrange(100, 600), 0, 3000, 0,
+                                        draw_rng.getrandbits(32))
+    if i % 2:
+        prefix += add_series(MA, 1) + add_series(VOLUME, 3)
+    tail = bytes(draw_rng.choice([64, 64, 65, 66, 67, 144, 145]) if draw_rng.random() < 0.35
+                 else draw_rng.getrandbits(8) for _ in range(draw_rng.randrange(200, 1200)))
+    with open(os.path.join(out, "seed-draw-%02d" % i), "wb") as f:
+        f.write(prefix + tail)

@@ -1,7 +1,7 @@
 // Builds and destroys a fully used chart many times: every cycle feeds a real
-// data set, navigates, drags on the canvas, draws order, position and tick
-// lines, renders and deletes the chart. Memory must not grow from cycle to
-// cycle. Run natively for the resident-size check and under valgrind (few
+// data set, navigates, drags on the canvas, draws marks, order, position
+// and tick lines, renders and deletes the chart. Memory must not grow from
+// cycle to cycle. Run natively for the resident-size check and under valgrind (few
 // cycles, see scripts/ci-robustness.sh) for exact leak accounting.
 //
 //   PRICEGRAPH_LEAK_CYCLES  cycles to run (default 100)
@@ -151,6 +151,13 @@ void tst_LeakCycles::runCycle(const QVector<Bar> &bars, int cycle)
             QWheelEvent wheel(QPointF(c), QPointF(w->mapToGlobal(c)), QPoint(), QPoint(0, 120),
                               Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
             QApplication::sendEvent(w, &wheel);
+            // One of each line tool; the last drawn (selected) is deleted.
+            for (long tool : {2L, 30L, 28L, 29L}) {
+                chart->SetCursorType(tool);
+                drag(w, Qt::LeftButton, c + QPoint(-60, -20), c + QPoint(40, 30));
+            }
+            QKeyEvent del(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
+            QApplication::sendEvent(w, &del);
             break;
         }
     }

@@ -1,5 +1,9 @@
 #include "overlaywidget.h"
 
+#include "markregistry.h"
+
+#include <QPainter>
+
 OverlayWidget::OverlayWidget(QWidget *parent)
     : QWidget(parent)
     , m_textColor(0xbb, 0xbb, 0xbb)
@@ -21,5 +25,8 @@ bool OverlayWidget::eventFilter(QObject *watched, QEvent *event)
 
 void OverlayWidget::paintEvent(QPaintEvent *)
 {
-    // Nothing is drawn on the overlay yet.
+    if (!m_marks)
+        return;
+    QPainter painter(this);
+    m_marks->paintOverlay(&painter, this);
 }

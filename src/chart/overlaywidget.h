@@ -4,6 +4,8 @@
 #include <QColor>
 #include <QWidget>
 
+class MarkRegistry;
+
 // Transparent widget laid over all panels; lets every mouse event through.
 // It watches the panels (event filter) so read-outs can follow the cursor.
 class OverlayWidget : public QWidget
@@ -15,6 +17,8 @@ public:
 
     void setTextColor(const QColor &color);
     QColor textColor() const { return m_textColor; }
+    // Marks that paint across all panels (vertical lines) come from here.
+    void setMarkRegistry(MarkRegistry *marks) { m_marks = marks; }
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -22,6 +26,7 @@ protected:
 
 private:
     QColor m_textColor;
+    MarkRegistry *m_marks = nullptr;
 };
 
 #endif // OVERLAYWIDGET_H

@@ -3,6 +3,7 @@
 #include "barseries.h"
 #include "chartevents.h"
 #include "datescaledraw.h"
+#include "markgesture.h"
 #include "plotcanvas.h"
 #include "plotgrid.h"
 #include "plotnavigator.h"
@@ -47,6 +48,7 @@ Plot::Plot(PriceGraph *owner, QWidget *parent)
     bars = new BarSeries;
     m_feed = new SeriesFeed(this);
     navigator = new PlotNavigator(this);
+    m_marks = new MarkGesture(this, chart ? PriceGraphPrivate::markRegistryOf(chart) : nullptr);
     leftInset = 10;
     cursorStyle = -1;
     canvas()->setFocusPolicy(Qt::ClickFocus);
@@ -57,6 +59,8 @@ Plot::~Plot()
 {
     // Deleting attached items would replot from inside the teardown.
     setAutoReplot(false);
+    delete m_marks; // the marks drawn on this panel go with it
+    m_marks = nullptr;
     delete priceLines;
     priceLines = nullptr;
     if (chart)
@@ -227,6 +231,7 @@ void Plot::applyChartType()
 
 void Plot::setCursorStyle(int style)
 {
+    const int previous = cursorStyle;
     cursorStyle = style;
     switch (style) {
     case 1:
@@ -245,7 +250,8 @@ void Plot::setCursorStyle(int style)
     }
     // Dragging the canvas pans in the pointer modes; a drawing tool owns the
     // mouse otherwise.
-    panner->setSuspended(!(style == 0 || style == 1 || style == 3 || style == 6));
+    panner->setSuspended(MarkGesture::routesCanvas(style));
+    m_marks->cursorTypeChanged(previous, style);
     priceLines->setCursorStyle(style);
     if (style != 1 && style != 6)
         ChartEvents::send(this, ChartEvents::pick());
@@ -708,12 +714,20 @@ void Plot::updateLayout()
     QwtPlot::updateLayout();
     if (priceLines)
         priceLines->updateLabels();
+    if (m_marks)
+        m_marks->layoutChanged(); // handles follow the canvas, not only the scales
 }
 
 bool Plot::eventFilter(QObject *watched, QEvent *event)
 {
+    if (watched == canvas() && m_marks && m_marks->canvasEvent(event))
+        return true;
     return QwtPlot::eventFilter(watched, event);
 }
+
+bool Plot::beginMark(const QPoint &pos) { return m_marks->beginMark(pos); }
+void Plot::dragMark(const QPoint &pos) { m_marks->dragMark(pos); }
+void Plot::finishMark() { m_marks->finishMark(); }
 
 // ---- user-script comments (not drawn yet) ----------------------------------
 

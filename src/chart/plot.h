@@ -12,6 +12,7 @@
 #include <qwt_samples.h>
 
 class BarSeries;
+class MarkGesture;
 class PlotNavigator;
 class PlotPriceLinesData;
 class PriceGraph;
@@ -33,7 +34,8 @@ class TradingCurve;
 // The panel owns its items and data; behaviour is split over helpers so the
 // panel itself stays a thin host: navigation state and arithmetic live in
 // PlotNavigator, order and position lines in PlotPriceLinesData, the series
-// and their feed in SeriesFeed, bar storage in BarSeries.
+// and their feed in SeriesFeed, bar storage in BarSeries, drawing tools in
+// MarkGesture.
 class Plot : public QwtPlot
 {
     Q_OBJECT
@@ -105,6 +107,12 @@ public:
 
     // Requests one replot from the event loop; a burst of requests costs one.
     void scheduleReplot();
+
+    // Drawing on the canvas (MarkGesture does the work); pos in canvas pixels.
+    bool beginMark(const QPoint &pos);
+    void dragMark(const QPoint &pos);
+    void finishMark();
+    MarkGesture *markGesture() const { return m_marks; }
 
 public Q_SLOTS:
     void setLineStyle(int style);
@@ -199,6 +207,7 @@ private:
     BarSeries *bars = nullptr;      // this panel's price bars (times, OHLC, volume)
     QVector<QwtPlotMarker *> daySeparators;
     SeriesFeed *m_feed = nullptr;    // which names this panel holds, and their samples
+    MarkGesture *m_marks = nullptr;  // drawing on the canvas; owns the marks on this panel
     int replotTimer = 0;
     quint64 m_replots = 0;
 };

@@ -1,6 +1,7 @@
 #include "pricegraphprivate.h"
 
 #include "eventsync.h"
+#include "markregistry.h"
 #include "overlaywidget.h"
 #include "plot.h"
 #include "plotscrollbar.h"
@@ -22,7 +23,9 @@ PriceGraphPrivate::PriceGraphPrivate(PriceGraph *chart)
     , scrollBar(new PlotScrollBar(Qt::Horizontal))
     , eventSync(new EventSync)
     , l1DecimalFix(1.0 / std::pow(10.0, 6))
+    , marks(new MarkRegistry)
 {
+    overlay->setMarkRegistry(marks);
     splitter = new QSplitter;
     zoomButtons = new ZoomButtons(chart);
 }
@@ -42,6 +45,7 @@ PriceGraphPrivate::~PriceGraphPrivate()
     delete eventSync;
     delete splitter;
     delete mutex;
+    delete marks; // the panels took their marks with them
 }
 
 QWidget *PriceGraphPrivate::rebuildScrollRow()
@@ -120,6 +124,11 @@ PlotScrollBar *PriceGraphPrivate::scrollBarOf(PriceGraph *chart)
 EventSync *PriceGraphPrivate::eventSyncOf(PriceGraph *chart)
 {
     return (chart && chart->d) ? chart->d->eventSync : nullptr;
+}
+
+MarkRegistry *PriceGraphPrivate::markRegistryOf(PriceGraph *chart)
+{
+    return (chart && chart->d) ? chart->d->marks : nullptr;
 }
 
 void PriceGraphPrivate::closePanel(PriceGraph *chart, Plot *plot)

@@ -9,6 +9,7 @@
 #include <QVector>
 
 class EventSync;
+class MarkRegistry;
 class OverlayWidget;
 class Plot;
 class PlotScrollBar;
@@ -56,6 +57,7 @@ public:
     // so a host may set it before its first series.
     double interval = 0.0;
     ZoomButtons *zoomButtons = nullptr;  // right end of the scroll-bar row
+    MarkRegistry *marks;                // every mark of the chart, by kind
     QPointer<QWidget> scrollRow;        // the row under the panels (rebuilt by ResetSplitter)
 
     // Makes a new scroll-bar row (the bar, then the zoom buttons at its
@@ -72,6 +74,7 @@ public:
     static ZoomButtons *zoomButtonsOf(PriceGraph *chart);
     static PlotScrollBar *scrollBarOf(PriceGraph *chart);
     static EventSync *eventSyncOf(PriceGraph *chart);
+    static MarkRegistry *markRegistryOf(PriceGraph *chart);
     // Destroys a sub-panel the user closed (it reports back through
     // OnPlotClose) and lays the rest out again. The main panel stays.
     static void closePanel(PriceGraph *chart, Plot *plot);

@@ -4,7 +4,9 @@
 #include "closelineview.h"
 #include "indicatorintervalview.h"
 #include "indicatorlineview.h"
+#include "markregistry.h"
 #include "plot.h"
+#include "pricegraphprivate.h"
 #include "seriesrecord.h"
 #include "tradingcurve.h"
 #include "visiblecurve.h"
@@ -215,9 +217,14 @@ bool SeriesFeed::feed(const QString &name, double time, bool edit, double open, 
     Plot *p = m_plot;
     BarSeries *bars = p->barSeries();
     if (isPriceName(name)) {
-        return (edit ? bars->editLast(time, open, high, low, close, volume)
-                     : bars->add(time, open, high, low, close, volume))
-               != BarSeries::Rejected;
+        int at = -1;
+        const BarSeries::Result result = edit ? bars->editLast(time, open, high, low, close, volume)
+                                              : bars->add(time, open, high, low, close, volume, &at);
+        // An older bar moves the bars after it: the marks stay on their bars.
+        MarkRegistry *marks = PriceGraphPrivate::markRegistryOf(p->getChart());
+        if (marks && result == BarSeries::Inserted)
+            marks->barsInserted(at, 1);
+        return result != BarSeries::Rejected;
     }
     if (p->volumeHistogram && name == QLatin1String("volume"))
         return feedVolume(time, edit, open, high, low, close, volume);
