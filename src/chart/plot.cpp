@@ -679,9 +679,15 @@ void Plot::SyncAllPannel()
     ChartEvents::send(this, ChartEvents::sync());
 }
 
+// The wheel away from the user (positive y) brings newer bars; a sideways
+// wheel or swipe to the left (positive x) older ones, by the same amount.
+// The larger component decides; an event without either moves nothing.
 void Plot::wheelEvent(QWheelEvent *event)
 {
-    moveX(-event->angleDelta().y());
+    const QPoint delta = event->angleDelta();
+    const int dx = std::abs(delta.x()) > std::abs(delta.y()) ? delta.x() : -delta.y();
+    if (dx != 0)
+        moveX(dx);
     event->accept();
 }
 
@@ -696,6 +702,22 @@ void Plot::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Right:
     case Qt::Key_Down:
         ScrollRight(1);
+        event->accept();
+        break;
+    case Qt::Key_Home:
+        ScrollRight(LONG_MIN);
+        event->accept();
+        break;
+    case Qt::Key_End:
+        ScrollRight(LONG_MAX);
+        event->accept();
+        break;
+    case Qt::Key_PageUp: // towards older bars, like Left
+        ScrollRight(-navigator->screenBars());
+        event->accept();
+        break;
+    case Qt::Key_PageDown:
+        ScrollRight(navigator->screenBars());
         event->accept();
         break;
     default:
