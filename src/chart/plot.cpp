@@ -334,7 +334,7 @@ void Plot::setBarSample(QwtPlotIntervalCurve *pBar, QVector<QwtIntervalSample> d
 
 SeriesRecord *Plot::series(const QString &name) const
 {
-    return seriesByName.value(SeriesFeed::baseName(name));
+    return seriesByName.value(name);
 }
 
 BarSeries *Plot::axisBars() const

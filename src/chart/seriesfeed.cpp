@@ -21,8 +21,8 @@
 // - a price series answers to the exact names containing "OHLC" that were
 //   added to this panel; all of them feed the panel's one set of bars;
 // - the volume series answers to "volume" on a panel that added it;
-// - an indicator answers to the text before any '*', so "MA" and "MA*255"
-//   both feed the series added as "MA*255#x".
+// - an indicator answers to its name, the text before any '*': "MA" feeds
+//   the series added as "MA*255#x", and "MA*255#x" itself feeds nothing.
 // Anything else is not this panel's and is ignored.
 //
 // How samples are stored (BarSeries and IndicatorSeries hold the details):
@@ -128,7 +128,8 @@ void SeriesFeed::addSeries(const QString &name)
     const QColor lineColor = color(name);
     const QString base = baseName(name);
     delete p->seriesByName.take(base); // adding a name again replaces the series
-    const bool intervals = name.contains(QLatin1String(".end"));
+    // Only the name says ".end": "BAND*255.end" is a line named "BAND".
+    const bool intervals = base.contains(QLatin1String(".end"));
     auto *record = new SeriesRecord(base, lineColor, intervals);
     QwtPlotItem *item;
     if (intervals) {
