@@ -348,11 +348,11 @@ private Q_SLOTS:
         QFETCH(double, time);
         QFETCH(double, index);
         chart->AddSeries(QStringLiteral("OHLC"), 0, 0, 0, 0, false);
-        QTest::ignoreMessage(QtDebugMsg, "Plot::TimeToIndexSuitable() data sample is not ready.\n");
+        QTest::ignoreMessage(QtWarningMsg, "Plot::TimeToIndexSuitable() data sample is not ready.\n");
         QCOMPARE(main()->TimeToIndexSuitable(time), 0.0);
         main()->AppendOHLC(QStringLiteral("OHLC"), 1000.0, false, 1, 1, 1, 1, 1);
         if (time != 1000.0) {
-            QTest::ignoreMessage(QtDebugMsg, "Plot::TimeToIndexSuitable() no enough data sample|1.\n");
+            QTest::ignoreMessage(QtWarningMsg, "Plot::TimeToIndexSuitable() no enough data sample|1.\n");
             QCOMPARE(main()->TimeToIndexSuitable(time), 0.0);
         }
         for (double t : {3000.0, 2000.0})
