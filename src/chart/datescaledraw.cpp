@@ -5,6 +5,7 @@
 
 #include <QDateTime>
 #include <qwt_date.h>
+#include <qwt_scale_widget.h>
 
 #include <cmath>
 
@@ -38,4 +39,22 @@ QwtText DateScaleDraw::label(double value) const
 double DateScaleDraw::nudge(double ms)
 {
     return std::fmod(ms, 60000.0) > 59000.0 ? ms + 1000.0 : ms;
+}
+
+void DateScaleDraw::datesChanged(PriceGraph *chart)
+{
+    if (!chart)
+        return;
+    const QList<Plot *> panels = PriceGraphPrivate::allPanels(chart);
+    for (Plot *p : panels) {
+        auto *draw = dynamic_cast<DateScaleDraw *>(p->axisScaleDraw(QwtPlot::xBottom));
+        if (!draw)
+            continue;
+        draw->invalidateCache();
+        QwtScaleWidget *axis = p->axisWidget(QwtPlot::xBottom);
+        if (axis && p->axisEnabled(QwtPlot::xBottom)) {
+            axis->updateGeometry(); // the end labels' widths are part of the layout
+            axis->update();
+        }
+    }
 }

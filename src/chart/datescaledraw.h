@@ -20,6 +20,12 @@ public:
     // before the minute they mean.
     static double nudge(double ms);
 
+    // The labels are cached by tick value, and the ticks need not move when
+    // the dates under them do: whenever the main panel's bars, the bar
+    // interval or the main panel itself change, this clears the labels of
+    // every panel of `chart`.
+    static void datesChanged(PriceGraph *chart);
+
 private:
     PriceGraph *m_chart;
     Plot *m_panel;

@@ -2,9 +2,11 @@
 
 #include "barseries.h"
 #include "closelineview.h"
+#include "datescaledraw.h"
 #include "indicatorintervalview.h"
 #include "indicatorlineview.h"
 #include "plot.h"
+#include "pricegraphprivate.h"
 #include "seriesrecord.h"
 #include "tradingcurve.h"
 #include "visiblecurve.h"
@@ -164,13 +166,16 @@ void SeriesFeed::removeSeries(const QString &name)
         delete p->lineCurve;
         p->lineCurve = nullptr;
         bars->clear();
+        barTimesChanged();
         if (p->volumeHistogram)
             p->volumeHistogram->setAxes(QwtPlot::xBottom, QwtPlot::yRight);
     } else if (name == QLatin1String("volume") && p->volumeHistogram) {
         delete p->volumeHistogram;
         p->volumeHistogram = nullptr;
-        if (!p->tradingCurve)
+        if (!p->tradingCurve) {
             bars->clear(); // bars that only carried volume
+            barTimesChanged();
+        }
     } else if (SeriesRecord *record = p->series(name)) {
         p->seriesByName.remove(record->name);
         delete record;
@@ -178,6 +183,22 @@ void SeriesFeed::removeSeries(const QString &name)
         return;
     }
     p->scheduleReplot();
+}
+
+void SeriesFeed::barTimesChanged()
+{
+    PriceGraph *chart = m_plot->getChart();
+    Plot *main = chart ? PriceGraphPrivate::mainPanel(chart) : nullptr;
+    if (main && (main == m_plot || main->axisBars() == m_plot->barSeries()))
+        DateScaleDraw::datesChanged(chart);
+}
+
+bool SeriesFeed::stored(int result)
+{
+    // A replaced bar keeps its time; a new one changes what the dates say.
+    if (result == BarSeries::Appended || result == BarSeries::Inserted)
+        barTimesChanged();
+    return result != BarSeries::Rejected;
 }
 
 bool SeriesFeed::feedVolume(double time, bool edit, double open, double high, double low,
@@ -189,9 +210,8 @@ bool SeriesFeed::feedVolume(double time, bool edit, double open, double high, do
     if (target == bars && !p->tradingCurve) {
         // No price bars to stand on: the volume samples are this panel's
         // own bars, placed by their own times.
-        return (edit ? bars->editLast(time, open, high, low, close, volume)
-                     : bars->add(time, open, high, low, close, volume))
-               != BarSeries::Rejected;
+        return stored(edit ? bars->editLast(time, open, high, low, close, volume)
+                           : bars->add(time, open, high, low, close, volume));
     }
     if (edit) {
         if (target->isEmpty()) {
@@ -216,9 +236,8 @@ bool SeriesFeed::feed(const QString &name, double time, bool edit, double open, 
     Plot *p = m_plot;
     BarSeries *bars = p->barSeries();
     if (isPriceName(name)) {
-        return (edit ? bars->editLast(time, open, high, low, close, volume)
-                     : bars->add(time, open, high, low, close, volume))
-               != BarSeries::Rejected;
+        return stored(edit ? bars->editLast(time, open, high, low, close, volume)
+                           : bars->add(time, open, high, low, close, volume));
     }
     if (p->volumeHistogram && name == QLatin1String("volume"))
         return feedVolume(time, edit, open, high, low, close, volume);
@@ -248,11 +267,13 @@ bool SeriesFeed::clearValues(const QString &name)
     BarSeries *bars = p->barSeries();
     if (isPriceName(name)) {
         bars->clear(); // the volumes of these bars go with them
+        barTimesChanged();
     } else if (p->volumeHistogram && name == QLatin1String("volume")) {
         BarSeries *target = p->axisBars();
-        if (target == bars && !p->tradingCurve)
+        if (target == bars && !p->tradingCurve) {
             bars->clear();
-        else
+            barTimesChanged();
+        } else
             target->clearVolumes();
     } else if (SeriesRecord *record = p->series(name)) {
         record->points.clear();
