@@ -115,6 +115,12 @@ void Plot::setup()
     axisWidget(QwtPlot::xBottom)->installEventFilter(this);
     axisWidget(QwtPlot::yRight)->installEventFilter(this);
     plotLayout()->setCanvasMargin(0, -1);
+    // The prices keep clear of the canvas's top and bottom edges: the price
+    // scale ends PriceHeadroom pixels inside the canvas, so the highest high
+    // and the lowest low in view are never cut, whatever the vertical zoom
+    // (the scale's span is untouched; the canvas gives the room).
+    plotLayout()->setCanvasMargin(PriceHeadroom, QwtPlot::xTop);
+    plotLayout()->setCanvasMargin(PriceHeadroom, QwtPlot::xBottom);
 }
 
 // ---- colours ---------------------------------------------------------------

@@ -39,6 +39,10 @@ class Plot : public QwtPlot
     Q_OBJECT
 
 public:
+    // Pixels between the canvas's top and bottom edges and the ends of the
+    // price scale.
+    static constexpr int PriceHeadroom = 8;
+
     Plot(PriceGraph *chart, QWidget *parent = nullptr);
     virtual ~Plot();
 

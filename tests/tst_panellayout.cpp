@@ -1,0 +1,125 @@
+// The panels as drawn: prices keep clear of the canvas edges, every panel
+// puts bar i on the same pixel column, and the price labels never overlap.
+// Everything is read from grabs of a shown chart.
+#include "navtesthelpers.h"
+
+#include <qwt_scale_widget.h>
+
+#include <climits>
+#include <functional>
+
+using namespace navtest;
+
+namespace {
+
+const QRgb Up = 0xff1dff00;   // the default candle colours
+const QRgb Down = 0xffd91200;
+
+// Rows [first, last] of `image` holding a pixel for which `match` holds;
+// false when there is none.
+bool rowsWith(const QImage &image, const std::function<bool(QRgb)> &match, int &first,
+              int &last)
+{
+    first = -1;
+    last = -1;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (match(image.pixel(x, y))) {
+                if (first < 0)
+                    first = y;
+                last = y;
+                break;
+            }
+        }
+    }
+    return first >= 0;
+}
+
+bool isCandle(QRgb c) { return c == Up || c == Down; }
+
+} // namespace
+
+class tst_PanelLayout : public QObject
+{
+    Q_OBJECT
+
+    TestChart *chart = nullptr;
+    QList<Plot *> panels;
+
+    // 300 daily bars: prices in panel 0, volume in billions in panel 1
+    // (labels wider than the prices'), prices again in panel 2, the
+    // lowest, which shows the dates.
+    void makeChart(QSize size)
+    {
+        chart = new TestChart;
+        chart->resize(size);
+        chart->AddSeries(QStringLiteral("OHLC"), 0, 0, 0, 0, false);
+        chart->AddSeries(QStringLiteral("volume"), 0, 1, 0, 0, false);
+        chart->AddSeries(QStringLiteral("OHLC"), 0, 2, 0, 0, false);
+        chart->SetcandleChart(1);
+        chart->SetInterval(86400000.0);
+        for (int i = 0; i < 300; ++i) {
+            const double base = 100.0 + 10.0 * std::sin(i * 0.1);
+            const double open = base + (i % 2 ? 1.0 : -1.0);
+            const long volume = 8000000000L + 1000000L * (i % 13);
+            chart->AppendOHLC("OHLC", 2459000.5 + i, false, open, base + 3.0, base - 3.0, base,
+                              volume);
+            chart->AppendOHLC("volume", 2459000.5 + i, false, open, base + 3.0, base - 3.0, base,
+                              volume);
+        }
+        chart->Update();
+        chart->show();
+        QVERIFY(QTest::qWaitForWindowExposed(chart));
+        panels = chart->GetAllPanel();
+        panels.at(2)->setLineStyle(1); // the facade styles the main panel only
+        QTRY_VERIFY(nav(panels.first())->hasView());
+    }
+
+private Q_SLOTS:
+    void cleanup()
+    {
+        delete chart;
+        chart = nullptr;
+    }
+
+    // The highest high and the lowest low in view stand at least 8 px
+    // inside the canvas, while the price scale spans exactly the prices in
+    // view times the vertical zoom.
+    void headroom_data()
+    {
+        QTest::addColumn<int>("panel");
+        QTest::addColumn<double>("zoomOut"); // ZoomOutY pixels
+        QTest::newRow("main panel") << 0 << 0.0;
+        QTest::newRow("main panel, prices squeezed") << 0 << 60.0;
+        QTest::newRow("lowest panel, above the dates") << 2 << 0.0;
+        QTest::newRow("lowest panel, prices squeezed") << 2 << 30.0;
+    }
+    void headroom()
+    {
+        QFETCH(int, panel);
+        QFETCH(double, zoomOut);
+        makeChart(QSize(900, 700));
+        Plot *p = panels.at(panel);
+        p->ZoomOutY(zoomOut);
+        for (const char *where : {"at the newest bars", "scrolled back"}) {
+            if (QByteArray(where) == "scrolled back")
+                chart->ScrollLeft(37);
+            const QwtInterval x = shown(p);
+            double low, high;
+            QVERIFY(p->valueRange(x.minValue(), x.maxValue(), low, high));
+            const QwtInterval y = p->axisScaleDiv(QwtPlot::yRight).interval();
+            QCOMPARE(y.width(), (high - low) * nav(p)->yZoom());
+            QCOMPARE(y.minValue() + y.maxValue(), low + high);
+            const QImage image = p->canvas()->grab().toImage();
+            int top, bottom;
+            QVERIFY(rowsWith(image, isCandle, top, bottom));
+            QVERIFY2(top >= 8 && image.height() - 1 - bottom >= 8,
+                     qPrintable(QStringLiteral("%1: candles on rows %2..%3 of %4")
+                                    .arg(QLatin1String(where)).arg(top).arg(bottom)
+                                    .arg(image.height())));
+        }
+    }
+};
+
+QTEST_MAIN(tst_PanelLayout)
+#include "tst_panellayout.moc"
