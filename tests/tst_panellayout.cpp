@@ -37,6 +37,36 @@ bool rowsWith(const QImage &image, const std::function<bool(QRgb)> &match, int &
 
 bool isCandle(QRgb c) { return c == Up || c == Down; }
 
+// Centres of the runs of pixel columns of the canvas that hold anything but
+// the background and the grid: one run a bar, candles and volume alike.
+// Child widgets (a sub-panel's close button) are left out.
+QVector<double> drawnBars(QWidget *canvas)
+{
+    const QRgb background = 0xff0c0c0c, grid = 0xff222222;
+    const QImage image = canvas->grab().toImage();
+    QRegion children;
+    for (QWidget *w : canvas->findChildren<QWidget *>()) {
+        if (w->isVisible())
+            children += w->geometry();
+    }
+    QVector<double> centres;
+    int start = -1;
+    for (int x = 0; x <= image.width(); ++x) {
+        bool used = false;
+        for (int y = 0; x < image.width() && y < image.height() && !used; ++y) {
+            const QRgb c = image.pixel(x, y);
+            used = c != background && c != grid && !children.contains(QPoint(x, y));
+        }
+        if (used && start < 0)
+            start = x;
+        if (!used && start >= 0) {
+            centres << 0.5 * (start + x - 1);
+            start = -1;
+        }
+    }
+    return centres;
+}
+
 } // namespace
 
 class tst_PanelLayout : public QObject
@@ -73,6 +103,34 @@ class tst_PanelLayout : public QObject
         panels = chart->GetAllPanel();
         panels.at(2)->setLineStyle(1); // the facade styles the main panel only
         QTRY_VERIFY(nav(panels.first())->hasView());
+    }
+
+    // Every visible panel draws the same bars on the same pixel columns.
+    void verifyBarsLineUp(const char *state)
+    {
+        QCoreApplication::processEvents();
+        QWidget *first = panels.first()->canvas();
+        const QVector<double> reference = drawnBars(first);
+        QVERIFY2(reference.size() > 10, state);
+        const int left = first->mapTo(chart, QPoint()).x();
+        for (Plot *p : panels) {
+            if (p->isHidden())
+                continue;
+            QWidget *canvas = p->canvas();
+            const QVector<double> bars = drawnBars(canvas);
+            // Both canvases start at the same x of the chart.
+            QCOMPARE(canvas->mapTo(chart, QPoint()).x(), left);
+            QString why = QStringLiteral("%1, panel %2: %3 bars drawn, %4 in the main panel")
+                              .arg(QLatin1String(state)).arg(panels.indexOf(p))
+                              .arg(bars.size()).arg(reference.size());
+            QVERIFY2(bars.size() == reference.size(), qPrintable(why));
+            for (int i = 0; i < bars.size(); ++i) {
+                why = QStringLiteral("%1, panel %2: bar at %3, in the main panel at %4")
+                          .arg(QLatin1String(state)).arg(panels.indexOf(p))
+                          .arg(bars[i]).arg(reference[i]);
+                QVERIFY2(qAbs(bars[i] - reference[i]) <= 1.0, qPrintable(why));
+            }
+        }
     }
 
 private Q_SLOTS:
@@ -118,6 +176,37 @@ private Q_SLOTS:
                                     .arg(QLatin1String(where)).arg(top).arg(bottom)
                                     .arg(image.height())));
         }
+    }
+
+    // The volume panel's labels ("8000000000") are wider than the prices';
+    // the panels still put bar i on one pixel column, whatever the view.
+    void panelsLineUpBarForBar()
+    {
+        makeChart(QSize(900, 700));
+        verifyBarsLineUp("at the newest bars");
+        chart->ScrollLeft(37);
+        verifyBarsLineUp("scrolled back");
+        chart->ZoomIn(1);
+        verifyBarsLineUp("zoomed in");
+        chart->ZoomOut(1);
+        chart->ZoomOut(1);
+        verifyBarsLineUp("zoomed out");
+        chart->resize(700, 650);
+        QTRY_COMPARE(panels.first()->width(), 700);
+        verifyBarsLineUp("narrower");
+        chart->resize(1100, 650);
+        QTRY_COMPARE(panels.first()->width(), 1100);
+        verifyBarsLineUp("wider");
+        chart->ScrollRight(LONG_MAX);
+        verifyBarsLineUp("back at the newest bars");
+        // A panel hidden on purpose widens no other; shown, it does again.
+        const int aligned = panels.first()->canvas()->width();
+        chart->ShowVolume(0);
+        QTRY_VERIFY(panels.first()->canvas()->width() > aligned);
+        verifyBarsLineUp("volume hidden");
+        chart->ShowVolume(1);
+        QTRY_COMPARE(panels.first()->canvas()->width(), aligned);
+        verifyBarsLineUp("volume shown again");
     }
 };
 

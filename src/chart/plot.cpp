@@ -7,6 +7,7 @@
 #include "plotgrid.h"
 #include "plotnavigator.h"
 #include "plotpricelinesdata.h"
+#include "priceaxiswidths.h"
 #include "pricegraph.h"
 #include "pricegraphprivate.h"
 #include "qwtplotpannerx.h"
@@ -734,6 +735,7 @@ void Plot::keyPressEvent(QKeyEvent *event)
 void Plot::updateLayout()
 {
     QwtPlot::updateLayout();
+    PriceAxisWidths::align(chart);
     if (priceLines)
         priceLines->updateLabels();
 }

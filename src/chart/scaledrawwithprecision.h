@@ -13,9 +13,17 @@ public:
 
     QwtText label(double value) const override;
 
+    // What the labels need, at least the minimum extent.
+    double naturalExtent(const QFont &font) const { return QwtScaleDraw::extent(font); }
+    // The extent of the widest price axis of the chart (PriceAxisWidths);
+    // true when it changed.
+    bool setAlignedExtent(double extent);
+    double extent(const QFont &font) const override;
+
 private:
     Plot *m_panel;
     int m_maxMajor;
+    double m_alignedExtent = 0.0;
 };
 
 #endif // SCALEDRAWWITHPRECISION_H

@@ -1,5 +1,6 @@
 #include "volumehistogram.h"
 
+#include "tradingcurve.h"
 #include "visiblerange.h"
 
 #include <QPainter>
@@ -22,8 +23,13 @@ void VolumeHistogram::drawSeries(QPainter *painter, const QwtScaleMap &xMap,
     const auto centre = [](const QwtIntervalSample &s) {
         return 0.5 * (s.interval.minValue() + s.interval.maxValue());
     };
-    if (VisibleRange::narrow(data(), xMap, centre, from, to))
-        QwtPlotHistogram::drawSeries(painter, xMap, yMap, canvasRect, from, to);
+    if (!VisibleRange::narrow(data(), xMap, centre, from, to))
+        return;
+    // Columns end where the candles do.
+    painter->save();
+    painter->setClipRect(TradingCurve::barArea(plot(), canvasRect), Qt::IntersectClip);
+    QwtPlotHistogram::drawSeries(painter, xMap, yMap, canvasRect, from, to);
+    painter->restore();
 }
 
 void VolumeHistogram::drawColumn(QPainter *painter, const QwtColumnRect &rect,
