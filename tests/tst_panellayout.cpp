@@ -36,13 +36,30 @@ bool rowsWith(const QImage &image, const std::function<bool(QRgb)> &match, int &
 }
 
 bool isCandle(QRgb c) { return c == Up || c == Down; }
+bool isBackground(QRgb c) { return c == 0xff0c0c0c || c == 0xff222222; }
+
+bool near(QRgb a, QRgb b)
+{
+    return qAbs(qRed(a) - qRed(b)) <= 2 && qAbs(qGreen(a) - qGreen(b)) <= 2
+        && qAbs(qBlue(a) - qBlue(b)) <= 2;
+}
+
+// `drawn` is `c` at `alpha` of 255 over the background or a grid line.
+bool blended(QRgb drawn, QRgb c, int alpha)
+{
+    for (int bg : {0x0c, 0x22}) {
+        const auto mix = [alpha, bg](int fg) { return (fg * alpha + bg * (255 - alpha)) / 255; };
+        if (near(drawn, qRgb(mix(qRed(c)), mix(qGreen(c)), mix(qBlue(c)))))
+            return true;
+    }
+    return false;
+}
 
 // Centres of the runs of pixel columns of the canvas that hold anything but
 // the background and the grid: one run a bar, candles and volume alike.
 // Child widgets (a sub-panel's close button) are left out.
 QVector<double> drawnBars(QWidget *canvas)
 {
-    const QRgb background = 0xff0c0c0c, grid = 0xff222222;
     const QImage image = canvas->grab().toImage();
     QRegion children;
     for (QWidget *w : canvas->findChildren<QWidget *>()) {
@@ -55,7 +72,7 @@ QVector<double> drawnBars(QWidget *canvas)
         bool used = false;
         for (int y = 0; x < image.width() && y < image.height() && !used; ++y) {
             const QRgb c = image.pixel(x, y);
-            used = c != background && c != grid && !children.contains(QPoint(x, y));
+            used = !isBackground(c) && !children.contains(QPoint(x, y));
         }
         if (used && start < 0)
             start = x;
@@ -133,6 +150,25 @@ class tst_PanelLayout : public QObject
         }
     }
 
+    // The colour drawn at the middle of each volume column of panel 1,
+    // and that of the candle in the main panel above it.
+    void columnAndCandleColours(QVector<QRgb> &columns, QVector<QRgb> &candles)
+    {
+        QCoreApplication::processEvents();
+        QWidget *volume = panels.at(1)->canvas();
+        const QImage image = volume->grab().toImage();
+        const QImage prices = panels.first()->canvas()->grab().toImage();
+        for (double x : drawnBars(volume)) {
+            columns << image.pixel(int(x), image.height() - 12);
+            QRgb candle = 0;
+            for (int y = 0; y < prices.height() && !candle; ++y) {
+                if (!isBackground(prices.pixel(int(x), y)))
+                    candle = prices.pixel(int(x), y);
+            }
+            candles << candle;
+        }
+    }
+
 private Q_SLOTS:
     void cleanup()
     {
@@ -207,6 +243,70 @@ private Q_SLOTS:
         chart->ShowVolume(1);
         QTRY_COMPARE(panels.first()->canvas()->width(), aligned);
         verifyBarsLineUp("volume shown again");
+    }
+
+    // Each volume column takes the colour of its bar, rising or falling, at
+    // 60% opacity, also after the host changes the colours.
+    void volumeInTheColourOfItsBar()
+    {
+        makeChart(QSize(900, 700));
+        for (int pass = 0; pass < 2; ++pass) {
+            if (pass == 1) {
+                chart->SetChartColor(4, 0x3399ff);
+                chart->SetChartColor(5, 0xffcc00);
+            }
+            const QRgb up = pass ? 0xff3399ff : Up, down = pass ? 0xffffcc00 : Down;
+            QVector<QRgb> columns, candles;
+            columnAndCandleColours(columns, candles);
+            QVERIFY(columns.size() > 10);
+            int rising = 0;
+            for (int i = 0; i < columns.size(); ++i) {
+                QVERIFY2(candles[i] == up || candles[i] == down, qPrintable(QString::number(i)));
+                rising += candles[i] == up;
+                QVERIFY2(blended(columns[i], candles[i], 153),
+                         qPrintable(QStringLiteral("column %1: %2, bar %3")
+                                        .arg(i).arg(columns[i], 0, 16).arg(candles[i], 0, 16)));
+            }
+            QVERIFY(rising > 0 && rising < columns.size());
+        }
+    }
+
+    // A bar whose open equals its close is drawn as falling, candle and
+    // volume alike.
+    void flatBarsVolumeLikeItsCandle()
+    {
+        makeChart(QSize(900, 700));
+        for (int i = 290; i < 300; ++i) {
+            chart->AppendOHLC("OHLC", 2459000.5 + i, true, 100, 103, 97, 100, 1000000000L);
+            chart->AppendOHLC("volume", 2459000.5 + i, true, 100, 103, 97, 100, 1000000000L);
+        }
+        QTRY_VERIFY(panels.first()->replotCount() > 0);
+        QCoreApplication::processEvents();
+        QVector<QRgb> columns, candles;
+        columnAndCandleColours(columns, candles);
+        QVERIFY(columns.size() > 10);
+        QCOMPARE(candles.last(), Down);
+        QVERIFY(blended(columns.last(), Down, 153));
+    }
+
+    // All-zero volume (a currency pair) draws nothing: no columns, no line.
+    void zeroVolumeDrawsNothing()
+    {
+        chart = new TestChart;
+        chart->resize(900, 700);
+        chart->AddSeries(QStringLiteral("OHLC"), 0, 0, 0, 0, false);
+        chart->AddSeries(QStringLiteral("volume"), 0, 1, 0, 0, false);
+        for (int i = 0; i < 100; ++i) {
+            chart->AppendOHLC("OHLC", 2459000.5 + i, false, 1.1, 1.2, 1.0, 1.15, 0);
+            chart->AppendOHLC("volume", 2459000.5 + i, false, 1.1, 1.2, 1.0, 1.15, 0);
+        }
+        chart->Update();
+        chart->show();
+        QVERIFY(QTest::qWaitForWindowExposed(chart));
+        panels = chart->GetAllPanel();
+        QCoreApplication::processEvents();
+        QVERIFY(!drawnBars(panels.first()->canvas()).isEmpty());
+        QCOMPARE(drawnBars(panels.at(1)->canvas()), QVector<double>());
     }
 };
 
