@@ -3,6 +3,8 @@
 // Everything is read from grabs of a shown chart.
 #include "navtesthelpers.h"
 
+#include <QSplitter>
+
 #include <qwt_scale_widget.h>
 
 #include <climits>
@@ -169,6 +171,69 @@ class tst_PanelLayout : public QObject
         }
     }
 
+    // Prices in panel 0, an indicator in panel 1 (the one squeezed) and
+    // another under it, so panel 1 is all canvas.
+    void makeIndicatorChart()
+    {
+        chart = new TestChart;
+        chart->resize(900, 600);
+        chart->AddSeries(QStringLiteral("OHLC"), 0, 0, 0, 0, false);
+        chart->AddSeries(QStringLiteral("RSI"), 0, 1, 0, 0, false);
+        chart->AddSeries(QStringLiteral("MA"), 0, 2, 0, 0, false);
+        for (int i = 0; i < 300; ++i) {
+            const double p = 100.0 + 10.0 * std::sin(i * 0.1);
+            chart->AppendOHLC("OHLC", 2459000.5 + i, false, p, p + 1.0, p - 1.0, p, 100);
+            chart->AppendValue("RSI", 2459000.5 + i, 50.0 + 37.0 * std::sin(i * 0.07), false);
+            chart->AppendValue("MA", 2459000.5 + i, p, false);
+        }
+        chart->Update();
+        chart->show();
+        QVERIFY(QTest::qWaitForWindowExposed(chart));
+        panels = chart->GetAllPanel();
+    }
+
+    // Rows [top, bottom] of each price label drawn on the right axis of `p`:
+    // runs of rows holding text, right of the ticks.
+    static QVector<QPair<int, int>> drawnLabels(Plot *p)
+    {
+        const QImage image = p->axisWidget(QwtPlot::yRight)->grab().toImage();
+        QVector<QPair<int, int>> runs;
+        int start = -1;
+        for (int y = 0; y <= image.height(); ++y) {
+            bool text = false;
+            for (int x = 8; y < image.height() && x < image.width() && !text; ++x)
+                text = qGray(image.pixel(x, y)) > 40;
+            if (text && start < 0)
+                start = y;
+            if (!text && start >= 0) {
+                runs << qMakePair(start, y - 1);
+                start = -1;
+            }
+        }
+        return runs;
+    }
+
+    // Every label stands apart from the next, none taller than one line of
+    // digits (two overlapping labels make one taller run).
+    static void verifyLabelsApart(Plot *p, int minimum, const char *state)
+    {
+        QCoreApplication::processEvents();
+        const QFont font = p->axisWidget(QwtPlot::yRight)->font();
+        const int digits = QFontMetrics(font).tightBoundingRect(QStringLiteral("0123456789")).height();
+        const QVector<QPair<int, int>> labels = drawnLabels(p);
+        QString seen;
+        for (const auto &l : labels)
+            seen += QStringLiteral(" %1..%2").arg(l.first).arg(l.second);
+        const QString why = QStringLiteral("%1, canvas %2 px high: labels on rows%3")
+                                .arg(QLatin1String(state)).arg(p->canvas()->height()).arg(seen);
+        QVERIFY2(labels.size() >= minimum, qPrintable(why));
+        for (int i = 0; i < labels.size(); ++i) {
+            QVERIFY2(labels[i].second - labels[i].first <= digits + 1, qPrintable(why));
+            if (i > 0)
+                QVERIFY2(labels[i].first - labels[i - 1].second >= 3, qPrintable(why));
+        }
+    }
+
 private Q_SLOTS:
     void cleanup()
     {
@@ -307,6 +372,55 @@ private Q_SLOTS:
         QCoreApplication::processEvents();
         QVERIFY(!drawnBars(panels.first()->canvas()).isEmpty());
         QCOMPARE(drawnBars(panels.at(1)->canvas()), QVector<double>());
+    }
+
+    // Thin panels show fewer labels, never overlapping ones.
+    void priceLabelsNeverOverlap_data()
+    {
+        QTest::addColumn<int>("height");
+        QTest::addColumn<int>("labels"); // at least
+        for (int h : {45, 48, 52, 56, 60})
+            QTest::addRow("%d px", h) << h << 1;
+        QTest::newRow("90 px") << 90 << 2;
+        QTest::newRow("250 px") << 250 << 4;
+    }
+    void priceLabelsNeverOverlap()
+    {
+        QFETCH(int, height);
+        QFETCH(int, labels);
+        makeIndicatorChart();
+        QSplitter *splitter = chart->findChild<QSplitter *>();
+        QVERIFY(splitter);
+        const int total = splitter->height() - 2 * splitter->handleWidth();
+        splitter->setSizes({total - height - 120, height, 120});
+        QTRY_COMPARE(panels.at(1)->height(), height);
+        for (double zoomOut : {0.0, 7.0, 15.0}) {
+            panels.at(1)->ZoomOutY(zoomOut);
+            verifyLabelsApart(panels.at(1), labels, "fitted");
+        }
+        chart->ScrollLeft(77);
+        verifyLabelsApart(panels.at(1), labels, "scrolled back");
+    }
+
+    // Dragged as small as it goes, a sub-panel keeps room for two labels.
+    void subPanelsKeepTwoLabelsOfRoom()
+    {
+        makeIndicatorChart();
+        QSplitter *splitter = chart->findChild<QSplitter *>();
+        QWidget *handle = splitter->handle(2); // between panels 1 and 2
+        const QPoint from(handle->width() / 2, 0);
+        sendMouse(handle, QEvent::MouseButtonPress, from, Qt::LeftButton, Qt::LeftButton);
+        sendMouse(handle, QEvent::MouseMove, from - QPoint(0, 600), Qt::NoButton, Qt::LeftButton);
+        sendMouse(handle, QEvent::MouseButtonRelease, from - QPoint(0, 600), Qt::LeftButton,
+                  Qt::NoButton);
+        Plot *p = panels.at(1);
+        QTRY_VERIFY(p->height() < 60);
+        const QFont font = p->axisWidget(QwtPlot::yRight)->font();
+        const int digits = QFontMetrics(font).tightBoundingRect(QStringLiteral("0123456789")).height();
+        // Two lines of digits with a gap, between the headroom above and below.
+        QVERIFY2(qAbs(p->canvasMap(QwtPlot::yRight).pDist()) >= 2 * (digits + 3),
+                 qPrintable(QString::number(p->canvas()->height())));
+        verifyLabelsApart(p, 1, "smallest");
     }
 };
 

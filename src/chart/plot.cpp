@@ -7,9 +7,10 @@
 #include "plotgrid.h"
 #include "plotnavigator.h"
 #include "plotpricelinesdata.h"
-#include "priceaxiswidths.h"
+#include "priceaxislayout.h"
 #include "pricegraph.h"
 #include "pricegraphprivate.h"
+#include "pricescaleengine.h"
 #include "qwtplotpannerx.h"
 #include "scaledrawwithprecision.h"
 #include "seriesfeed.h"
@@ -87,6 +88,7 @@ void Plot::setup()
     setBackgroundColor(QColor(QStringLiteral("#0c0c0c")));
     setTextColor(QColor(QStringLiteral("#bbbbbb")));
     setAxisScaleDraw(QwtPlot::yRight, new ScaleDrawWithPrecision(this));
+    setAxisScaleEngine(QwtPlot::yRight, new PriceScaleEngine);
 
     grid = new PlotGrid;
     grid->attach(this);
@@ -735,7 +737,7 @@ void Plot::keyPressEvent(QKeyEvent *event)
 void Plot::updateLayout()
 {
     QwtPlot::updateLayout();
-    PriceAxisWidths::align(chart);
+    PriceAxisLayout::panelLaidOut(this);
     if (priceLines)
         priceLines->updateLabels();
 }

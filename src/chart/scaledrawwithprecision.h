@@ -15,7 +15,7 @@ public:
 
     // What the labels need, at least the minimum extent.
     double naturalExtent(const QFont &font) const { return QwtScaleDraw::extent(font); }
-    // The extent of the widest price axis of the chart (PriceAxisWidths);
+    // The extent of the widest price axis of the chart (PriceAxisLayout);
     // true when it changed.
     bool setAlignedExtent(double extent);
     double extent(const QFont &font) const override;
