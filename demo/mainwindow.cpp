@@ -107,7 +107,7 @@ MainWindow::MainWindow(const QString &dataFile, QWidget *parent)
     buildMenus();
     resize(1280, 820);
     // The log starts a few lines tall: the chart keeps most of the height.
-    resizeDocks({orderLog}, {orderLog->linesHeight(5)}, Qt::Vertical);
+    resizeDocks({orderLog}, {orderLog->linesHeight(3)}, Qt::Vertical);
     loadDataSet(0);
     connect(dataSets, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
             &MainWindow::loadDataSet);
