@@ -19,8 +19,20 @@ DateScaleDraw::DateScaleDraw(PriceGraph *chart, Plot *panel)
     setTickLength(QwtScaleDiv::MediumTick, 0);
 }
 
+int DateScaleDraw::s_labelled = 0;
+
+DateScaleDraw::~DateScaleDraw()
+{
+    if (m_labelled)
+        --s_labelled;
+}
+
 QwtText DateScaleDraw::label(double value) const
 {
+    if (!m_labelled) {
+        m_labelled = true;
+        ++s_labelled;
+    }
     Plot *main = m_chart ? PriceGraphPrivate::mainPanel(m_chart) : nullptr;
     if (!main || !std::isfinite(value) || std::fabs(value) > 2e9)
         return QwtText();
@@ -43,13 +55,15 @@ double DateScaleDraw::nudge(double ms)
 
 void DateScaleDraw::datesChanged(PriceGraph *chart)
 {
-    if (!chart)
+    if (!chart || !anyLabels())
         return;
     const QList<Plot *> panels = PriceGraphPrivate::allPanels(chart);
     for (Plot *p : panels) {
         auto *draw = dynamic_cast<DateScaleDraw *>(p->axisScaleDraw(QwtPlot::xBottom));
-        if (!draw)
+        if (!draw || !draw->m_labelled)
             continue;
+        draw->m_labelled = false;
+        --s_labelled;
         draw->invalidateCache();
         QwtScaleWidget *axis = p->axisWidget(QwtPlot::xBottom);
         if (axis && p->axisEnabled(QwtPlot::xBottom)) {

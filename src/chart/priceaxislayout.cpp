@@ -45,9 +45,14 @@ void PriceAxisLayout::panelLaidOut(Plot *panel)
 
 bool PriceAxisLayout::thinLabels(Plot *panel)
 {
-    // As many intervals as labels fit along the price scale.
+    // The panel's usual number of intervals, fewer where the labels would
+    // not fit along the price scale.
+    ScaleDrawWithPrecision *draw = priceDraw(panel);
+    if (!draw)
+        return false;
     const double length = std::fabs(panel->canvasMap(QwtPlot::yRight).pDist());
-    const int steps = std::max(1, int(length / labelPitch(priceFont(panel))));
+    const int fit = int(length / labelPitch(priceFont(panel)));
+    const int steps = std::max(1, std::min(draw->maxMajor(), fit));
     if (panel->axisMaxMajor(QwtPlot::yRight) == steps)
         return false;
     const bool autoReplot = panel->autoReplot();

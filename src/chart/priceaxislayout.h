@@ -6,7 +6,8 @@ class QFont;
 
 // What a panel's price axis needs from the panel's size, settled after each
 // layout of the panel (when its height or its labels' width may change):
-// - labels thinned to the room there is: never closer than labelPitch();
+// - labels thinned to the room there is: never closer than labelPitch(),
+//   never more than the panel's usual number;
 // - a minimum height that keeps room for two labels above and below the
 //   headroom;
 // - panels share one bar axis, so their canvases must be equally wide:

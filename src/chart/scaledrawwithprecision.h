@@ -13,6 +13,8 @@ public:
 
     QwtText label(double value) const override;
 
+    // The panel's maximum number of major ticks, read at construction.
+    int maxMajor() const { return m_maxMajor; }
     // What the labels need, at least the minimum extent.
     double naturalExtent(const QFont &font) const { return QwtScaleDraw::extent(font); }
     // The extent of the widest price axis of the chart (PriceAxisLayout);

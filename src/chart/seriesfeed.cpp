@@ -187,6 +187,8 @@ void SeriesFeed::removeSeries(const QString &name)
 
 void SeriesFeed::barTimesChanged()
 {
+    if (!DateScaleDraw::anyLabels())
+        return; // no dates shown yet: nothing to forget
     PriceGraph *chart = m_plot->getChart();
     Plot *main = chart ? PriceGraphPrivate::mainPanel(chart) : nullptr;
     if (main && (main == m_plot || main->axisBars() == m_plot->barSeries()))
