@@ -5,61 +5,167 @@
 #include <QMap>
 #include <QTextStream>
 
+#include <algorithm>
 #include <cmath>
 
-QVector<Bar> BarFile::load(const QString &path, QString *error)
+const char *const BarFile::Columns[6] = {"time", "open", "high", "low", "close", "volume"};
+
+namespace {
+
+// The chart refuses prices beyond this and times outside these years.
+const double MaxPrice = 1e15;
+const int FirstYear = 1900;
+const int LastYear = 2200;
+
+struct Row
 {
-    QVector<Bar> bars;
+    Bar bar;
+    int line;
+};
+
+} // namespace
+
+QString BarFile::count(int n, const char *one, const char *many)
+{
+    return QStringLiteral("%1 %2").arg(n).arg(QLatin1String(n == 1 ? one : many));
+}
+
+void BarFile::skip(const QString &reason)
+{
+    for (auto &entry : m_skipped) {
+        if (entry.first == reason) {
+            ++entry.second;
+            return;
+        }
+    }
+    m_skipped.append(qMakePair(reason, 1));
+}
+
+int BarFile::skippedCount() const
+{
+    int n = 0;
+    for (const auto &entry : m_skipped)
+        n += entry.second;
+    return n;
+}
+
+bool BarFile::hasVolume() const
+{
+    return std::any_of(m_bars.cbegin(), m_bars.cend(), [](const Bar &b) { return b.volume > 0; });
+}
+
+bool BarFile::load(const QString &path)
+{
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        if (error)
-            *error = QStringLiteral("cannot open %1: %2").arg(path, file.errorString());
-        return bars;
+        *this = BarFile();
+        m_error = QStringLiteral("cannot open %1: %2").arg(path, file.errorString());
+        return false;
     }
-    QTextStream in(&file);
-    int skipped = 0;
-    bool header = true;
+    return read(file);
+}
+
+bool BarFile::read(QIODevice &device)
+{
+    *this = BarFile();
+    QTextStream in(&device);
+    QString header;
+    while (!in.atEnd() && header.isEmpty())
+        header = in.readLine().trimmed();
+    // Where each column stands in a row.
+    QStringList names = header.split(QLatin1Char(','));
+    for (QString &n : names)
+        n = n.trimmed().toLower();
+    int at[6];
+    QStringList missing;
+    for (int c = 0; c < 6; ++c) {
+        at[c] = names.indexOf(QLatin1String(Columns[c]));
+        if (at[c] < 0)
+            missing << QLatin1String(Columns[c]);
+    }
+    if (missing.size() == 6) {
+        m_error = QStringLiteral("no header line (time,open,high,low,close,volume)");
+        return false;
+    }
+    if (!missing.isEmpty()) {
+        m_error = QStringLiteral("missing column%1: %2")
+                      .arg(QLatin1String(missing.size() == 1 ? "" : "s"),
+                           missing.join(QStringLiteral(", ")));
+        return false;
+    }
+    const int needed = *std::max_element(at, at + 6) + 1;
+
+    QVector<Row> rows;
+    int line = 0;
     while (!in.atEnd()) {
-        const QString line = in.readLine().trimmed();
-        if (header) {
-            header = false;
-            if (line.startsWith(QLatin1String("time")))
-                continue;
-        }
-        if (line.isEmpty())
+        const QString text = in.readLine().trimmed();
+        if (text.isEmpty())
             continue;
-        const QStringList f = line.split(QLatin1Char(','));
-        if (f.size() < 6) {
-            ++skipped;
+        ++m_rows;
+        ++line;
+        const QStringList f = text.split(QLatin1Char(','));
+        if (f.size() < needed) {
+            skip(QStringLiteral("too few fields"));
             continue;
         }
-        const QDateTime t = QDateTime::fromString(f.at(0), Qt::ISODate);
-        bool ok[5];
-        Bar b;
-        b.open = f.at(1).toDouble(&ok[0]);
-        b.high = f.at(2).toDouble(&ok[1]);
-        b.low = f.at(3).toDouble(&ok[2]);
-        b.close = f.at(4).toDouble(&ok[3]);
-        b.volume = f.at(5).toLongLong(&ok[4]);
-        if (!t.isValid() || !(ok[0] && ok[1] && ok[2] && ok[3] && ok[4])) {
-            ++skipped;
+        QDateTime t = QDateTime::fromString(f.at(at[0]).trimmed(), Qt::ISODate);
+        if (!t.isValid()) {
+            skip(QStringLiteral("time not readable"));
             continue;
         }
-        b.time = julianDate(t.toMSecsSinceEpoch());
-        // The chart wants bars in time order; the files are sorted, but a
-        // hand-made file may not be.
-        if (!bars.isEmpty() && b.time <= bars.last().time) {
-            ++skipped;
+        if (t.timeSpec() == Qt::LocalTime)
+            t.setTimeSpec(Qt::UTC); // a time without a zone is UTC, as in the data sets
+        double v[5];
+        bool readable = true;
+        for (int c = 1; c < 6 && readable; ++c)
+            v[c - 1] = f.at(at[c]).trimmed().toDouble(&readable);
+        if (!readable) {
+            skip(QStringLiteral("number not readable"));
             continue;
         }
-        bars.append(b);
+        if (!std::all_of(v, v + 4, [](double p) { return std::isfinite(p); })) {
+            skip(QStringLiteral("price not finite"));
+            continue;
+        }
+        if (!std::all_of(v, v + 4, [](double p) { return std::fabs(p) <= MaxPrice; })) {
+            skip(QStringLiteral("price beyond 1e15"));
+            continue;
+        }
+        if (!std::isfinite(v[4]) || v[4] < 0.0 || v[4] > 9.2e18) {
+            skip(QStringLiteral("negative or unreadable volume"));
+            continue;
+        }
+        const int year = t.toUTC().date().year();
+        if (year < FirstYear || year > LastYear) {
+            skip(QStringLiteral("time outside the years 1900 to 2200"));
+            continue;
+        }
+        Row r;
+        r.bar.time = julianDate(t.toMSecsSinceEpoch());
+        r.bar.open = v[0];
+        r.bar.high = v[1];
+        r.bar.low = v[2];
+        r.bar.close = v[3];
+        r.bar.volume = qint64(v[4]);
+        r.line = line;
+        rows.append(r);
     }
-    if (error)
-        *error = skipped ? QStringLiteral("%1 rows of %2 skipped").arg(skipped).arg(path)
-                         : QString();
-    if (bars.isEmpty() && error)
-        *error = QStringLiteral("no bars in %1").arg(path);
-    return bars;
+    // In time order; of equal times the last row of the file wins.
+    std::stable_sort(rows.begin(), rows.end(),
+                     [](const Row &a, const Row &b) { return a.bar.time < b.bar.time; });
+    m_bars.reserve(rows.size());
+    for (int i = 0; i < rows.size(); ++i) {
+        if (i + 1 < rows.size() && rows[i + 1].bar.time == rows[i].bar.time) {
+            skip(QStringLiteral("same time as a later row"));
+            continue;
+        }
+        m_bars.append(rows[i].bar);
+    }
+    if (m_bars.isEmpty()) {
+        m_error = QStringLiteral("no bars");
+        return false;
+    }
+    return true;
 }
 
 double BarFile::julianDate(qint64 unixMs)
@@ -67,11 +173,16 @@ double BarFile::julianDate(qint64 unixMs)
     return double(unixMs) / 86400000.0 + 2440587.5;
 }
 
+qint64 BarFile::unixMs(double julianDate)
+{
+    return qRound64((julianDate - 2440587.5) * 86400000.0);
+}
+
 double BarFile::typicalInterval(const QVector<Bar> &bars)
 {
     QMap<qint64, int> steps;
     for (int i = 1; i < bars.size() && i < 500; ++i)
-        ++steps[qRound64((bars[i].time - bars[i - 1].time) * 86400000.0)];
+        ++steps[unixMs(bars[i].time) - unixMs(bars[i - 1].time)];
     qint64 best = 86400000;
     int seen = 0;
     for (auto it = steps.cbegin(); it != steps.cend(); ++it) {

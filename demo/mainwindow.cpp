@@ -4,6 +4,8 @@
 #include "demochart.h"
 #include "marketfeed.h"
 #include "orderentry.h"
+#include "orderlog.h"
+#include "panelset.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -11,13 +13,14 @@
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QDir>
-#include <QDockWidget>
 #include <QElapsedTimer>
+#include <QFile>
+#include <QFileDialog>
 #include <QFileInfo>
+#include <QImageWriter>
 #include <QLabel>
 #include <QMenuBar>
 #include <QPixmap>
-#include <QPlainTextEdit>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -60,30 +63,25 @@ const CursorTool kTools[] = {
 MainWindow::MainWindow(const QString &dataFile, QWidget *parent)
     : QMainWindow(parent)
     , chart(new DemoChart)
-    , log(new QPlainTextEdit)
+    , orderLog(new OrderLog(this))
     , dataSets(new QComboBox)
     , cursorGroup(new QActionGroup(this))
     , priceLabel(new QLabel)
 {
     setWindowTitle(tr("PriceGraph demo terminal"));
     setCentralWidget(chart);
-
-    log->setReadOnly(true);
-    log->setMaximumBlockCount(500);
-    QDockWidget *dock = new QDockWidget(tr("Order log"), this);
-    dock->setObjectName(QStringLiteral("orderLog"));
-    dock->setWidget(log);
-    dock->setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable);
-    addDockWidget(Qt::BottomDockWidgetArea, dock);
-    resizeDocks({dock}, {90}, Qt::Vertical);
+    addDockWidget(Qt::BottomDockWidgetArea, orderLog);
     statusBar()->addPermanentWidget(priceLabel);
 
-    orders = new OrderEntry(chart, log, this);
+    orders = new OrderEntry(chart, orderLog, this);
     chart->setOrderEntry(orders);
     feed = new MarketFeed(chart, this);
+    panels = new PanelSet(chart, feed, this);
+    panels->build();
+    connect(panels, &PanelSet::message, orderLog, &OrderLog::log);
     chart->SetcandleChart(1);
     connect(feed, &MarketFeed::priceChanged, this, [this](double price) {
-        priceLabel->setText(tr("last %1").arg(price, 0, 'f', feed->decimals()));
+        priceLabel->setText(tr("last %1").arg(orders->formatPrice(price)));
     });
     connect(chart, &PriceGraph::cursorTypeChanged, this, &MainWindow::onCursorTypeChanged);
 
@@ -102,12 +100,14 @@ MainWindow::MainWindow(const QString &dataFile, QWidget *parent)
         }
         sets = {own};
     }
-    for (const DataSet &s : sets)
+    for (const DataSet &s : qAsConst(sets))
         dataSets->addItem(s.title);
 
     buildToolBars();
     buildMenus();
     resize(1280, 820);
+    // The log starts a few lines tall: the chart keeps most of the height.
+    resizeDocks({orderLog}, {orderLog->linesHeight(3)}, Qt::Vertical);
     loadDataSet(0);
     connect(dataSets, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
             &MainWindow::loadDataSet);
@@ -166,6 +166,8 @@ void MainWindow::buildToolBars()
 void MainWindow::buildMenus()
 {
     QMenu *file = menuBar()->addMenu(tr("&File"));
+    file->addAction(tr("&Open..."), this, &MainWindow::openFile, QKeySequence::Open);
+    file->addSeparator();
     file->addAction(tr("&Quit"), qApp, &QApplication::quit, QKeySequence::Quit);
 
     QMenu *view = menuBar()->addMenu(tr("&View"));
@@ -178,22 +180,22 @@ void MainWindow::buildMenus()
     connect(volume, &QAction::toggled, this, [this](bool on) { chart->SetChartPanelType(0, on); });
     view->addAction(tr("&Reset zoom"), this, [this] { chart->ResetZoom(); });
 
-    QMenu *panels = menuBar()->addMenu(tr("&Panels"));
-    panels->addAction(tr("&Close the lowest panel"), this, [this] {
-        const long n = chart->GetPanelCount();
-        if (chart->closePanel(n - 1))
-            orders->log(tr("panel %1 closed").arg(n - 1));
-    });
-    panels->addAction(tr("&Swap the two lowest panels"), this, [this] {
-        const long n = chart->GetPanelCount();
-        if (n >= 3) {
-            chart->MoveChartPanel(n - 1, n - 2);
-            orders->log(tr("panels %1 and %2 swapped").arg(n - 2).arg(n - 1));
-        }
-    });
-    panels->addAction(tr("&Add an empty panel"), this, [this] {
-        orders->log(tr("panel %1 added").arg(chart->AddChartPanel()));
-    });
+    QMenu *menu = menuBar()->addMenu(tr("&Panels"));
+    menu->addAction(tr("&Close the lowest panel"), panels, &PanelSet::closeLowest);
+    menu->addAction(tr("&Swap the two lowest panels"), panels, &PanelSet::swapLowest);
+    menu->addAction(tr("&Add an empty panel"), panels, &PanelSet::addEmpty);
+    menu->addSeparator();
+    QAction *showVolume = menu->addAction(tr("Show &volume"), panels, &PanelSet::showVolume);
+    QAction *showAverages =
+        menu->addAction(tr("Show a&verages"), panels, &PanelSet::showAverages);
+    // Offered while the panel is closed (volume only for data with volume).
+    const auto offer = [this, showVolume, showAverages] {
+        showVolume->setEnabled(!panels->has(PanelSet::Volume) && feed->hasVolume());
+        showAverages->setEnabled(!panels->has(PanelSet::Averages));
+    };
+    connect(panels, &PanelSet::changed, this, offer);
+    connect(menu, &QMenu::aboutToShow, this, offer);
+    offer();
 }
 
 QString MainWindow::findDataFile(const QString &name)
@@ -213,25 +215,56 @@ QString MainWindow::findDataFile(const QString &name)
     return name;
 }
 
+void MainWindow::addDataSet(const DataSet &set)
+{
+    sets.append(set);
+    dataSets->addItem(set.title);
+    dataSets->setCurrentIndex(sets.size() - 1); // loads it
+}
+
+void MainWindow::openFile()
+{
+    const QString path = QFileDialog::getOpenFileName(
+        this, tr("Open bars"), QFileInfo(sets.value(dataSets->currentIndex()).path).absolutePath(),
+        tr("Bars (*.csv);;All files (*)"));
+    if (!path.isEmpty())
+        addDataSet({QFileInfo(path).completeBaseName(), path, 0.0, 0});
+}
+
 void MainWindow::loadDataSet(int index)
 {
     if (index < 0 || index >= sets.size())
         return;
     const DataSet &set = sets.at(index);
-    QString error;
-    const QVector<Bar> bars = BarFile::load(set.path, &error);
-    if (!error.isEmpty())
-        orders->log(error);
-    if (bars.isEmpty()) {
-        statusBar()->showMessage(tr("No data: %1").arg(error));
+    BarFile file;
+    if (!file.load(set.path)) {
+        orderLog->log(tr("%1 not loaded: %2").arg(set.path, file.error()));
+        statusBar()->showMessage(tr("No data from %1: %2").arg(set.path, file.error()));
         return;
     }
+    const QVector<Bar> &bars = file.bars();
     const double interval = set.intervalMs > 0 ? set.intervalMs : BarFile::typicalInterval(bars);
     const int decimals = set.decimals > 0 ? set.decimals : BarFile::priceDecimals(bars);
     orders->clear();
+    orders->setDecimals(decimals);
     feed->load(bars, interval, decimals);
+    panels->dataLoaded();
+    QString read = tr("%1: %2 read of %3").arg(QFileInfo(set.path).fileName(),
+                                               BarFile::count(bars.size(), "bar", "bars"),
+                                               BarFile::count(file.rows(), "row", "rows"));
+    if (file.skippedCount() > 0) {
+        QStringList reasons;
+        for (const auto &s : file.skipped())
+            reasons << tr("%1 %2").arg(s.second).arg(s.first);
+        read += tr("; %1 skipped: %2")
+                    .arg(BarFile::count(file.skippedCount(), "row", "rows"),
+                         reasons.join(QStringLiteral(", ")));
+    }
+    orderLog->log(read);
     placeOrders();
-    statusBar()->showMessage(tr("%1: %2 bars from %3").arg(set.title).arg(bars.size()).arg(set.path));
+    statusBar()->showMessage(tr("%1: %2 from %3")
+                                 .arg(set.title, BarFile::count(bars.size(), "bar", "bars"),
+                                      set.path));
 }
 
 void MainWindow::placeOrders()
@@ -245,7 +278,7 @@ void MainWindow::placeOrders()
     orders->place(QStringLiteral("Buy-2"), price(last * 0.97), 500);
     orders->place(QStringLiteral("Sell-1"), price(last * 1.03), 1500);
     orders->place(QStringLiteral("Position-1"), price(last * 0.99), 2000);
-    orders->log(tr("orders Buy-1, Buy-2, Sell-1 and Position-1 placed"));
+    orderLog->log(tr("orders Buy-1, Buy-2, Sell-1 and Position-1 placed"));
 }
 
 void MainWindow::setLive(bool on)
@@ -268,13 +301,25 @@ void MainWindow::advanceFeed(int ticks)
         feed->tick();
 }
 
-bool MainWindow::saveSnapshot(const QString &path)
+bool MainWindow::saveSnapshot(const QString &path, QString *error)
 {
+    // Opened first, so a path that cannot be written fails at once and
+    // with the reason (missing folder, permission).
+    QFile out(path);
+    if (!out.open(QIODevice::WriteOnly)) {
+        *error = out.errorString();
+        return false;
+    }
     show();
     // Replots are queued on the event loop: let them run.
     QElapsedTimer clock;
     clock.start();
     while (clock.elapsed() < 300)
         QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
-    return grab().save(path);
+    QImageWriter writer(&out, "png");
+    if (!writer.write(grab().toImage())) {
+        *error = writer.errorString();
+        return false;
+    }
+    return true;
 }

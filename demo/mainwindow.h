@@ -7,13 +7,16 @@
 class DemoChart;
 class MarketFeed;
 class OrderEntry;
+class OrderLog;
+class PanelSet;
+class QAction;
 class QActionGroup;
 class QComboBox;
 class QLabel;
-class QPlainTextEdit;
 
 // The demo terminal: the chart, a toolbar for data set, style, zoom and
-// drawing tools, a log of order requests and a simulated live feed.
+// drawing tools, menus for files, view and panels, a log of order requests
+// and a simulated live feed.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -22,8 +25,9 @@ public:
     // `dataFile` (optional) is shown instead of the bundled data sets.
     explicit MainWindow(const QString &dataFile = QString(), QWidget *parent = nullptr);
 
-    // Waits until the chart has drawn what it was given and saves the window.
-    bool saveSnapshot(const QString &path);
+    // Waits until the chart has drawn what it was given and saves the
+    // window as a PNG; false with the writer's reason in `error`.
+    bool saveSnapshot(const QString &path, QString *error);
     void setLive(bool on);
     // Runs the simulated feed `ticks` steps at once.
     void advanceFeed(int ticks);
@@ -34,6 +38,7 @@ public:
 
 private Q_SLOTS:
     void loadDataSet(int index);
+    void openFile();
     void onCursorTypeChanged(long type);
 
 private:
@@ -48,11 +53,13 @@ private:
     void buildToolBars();
     void buildMenus();
     void placeOrders();
+    void addDataSet(const DataSet &set);
 
     DemoChart *chart;
     MarketFeed *feed;
+    OrderLog *orderLog;
     OrderEntry *orders;
-    QPlainTextEdit *log;
+    PanelSet *panels;
     QComboBox *dataSets;
     QActionGroup *cursorGroup;
     QAction *liveAction = nullptr;

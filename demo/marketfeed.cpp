@@ -2,6 +2,7 @@
 
 #include <pricegraph.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -22,15 +23,18 @@ const Average kAverages[] = {{"MA20", "MA20*16753920", 20}, {"MA50", "MA50*42518
 const char *const MarketFeed::priceSeries = "OHLC";
 const char *const MarketFeed::volumeSeries = "volume";
 
+QStringList MarketFeed::averageSeries()
+{
+    QStringList names;
+    for (const Average &a : kAverages)
+        names << QString::fromLatin1(a.added);
+    return names;
+}
+
 MarketFeed::MarketFeed(PriceGraph *c, QObject *parent)
     : QObject(parent)
     , chart(c)
 {
-    // Price in the main panel, volume under it, the averages in a third panel.
-    chart->AddSeries(QString::fromLatin1(priceSeries), 0, 0, 0, 0, false);
-    chart->AddSeries(QString::fromLatin1(volumeSeries), 0, 1, 0, 0, false);
-    for (const Average &a : kAverages)
-        chart->AddSeries(QString::fromLatin1(a.added), 0, 2, 0, 0, false);
     timer.setInterval(200);
     connect(&timer, &QTimer::timeout, this, &MarketFeed::tick);
 }
@@ -42,7 +46,7 @@ void MarketFeed::load(const QVector<Bar> &data, double intervalMs, int decimals)
     for (const Average &a : kAverages)
         chart->ClearValues(a.name);
     bars = data;
-    intervalDays = intervalMs / 86400000.0;
+    calendar = SessionCalendar(bars, intervalMs);
     priceDecimals = decimals;
     ticks = ticksPerBar - 1;    // the history is closed: the first tick opens a bar
     chart->SetInterval(intervalMs);
@@ -81,7 +85,7 @@ void MarketFeed::tick()
         // A new bar opens where the last one closed.
         ticks = 0;
         Bar next;
-        next.time = bars.last().time + intervalDays;
+        next.time = calendar.nextBarTime(bars.last().time);
         next.open = next.high = next.low = next.close = bars.last().close;
         bars.append(next);
         sendBar(bars.size() - 1, true, true);
@@ -97,6 +101,28 @@ void MarketFeed::tick()
     chart->updateL1(b.close, b.close, priceDecimals, 0);
     chart->DrawTickLine(b.close, 0);
     Q_EMIT priceChanged(b.close);
+}
+
+bool MarketFeed::hasVolume() const
+{
+    return std::any_of(bars.cbegin(), bars.cend(), [](const Bar &b) { return b.volume > 0; });
+}
+
+void MarketFeed::resendVolume()
+{
+    for (const Bar &b : qAsConst(bars))
+        chart->AppendOHLC(volumeSeries, b.time, false, b.open, b.high, b.low, b.close,
+                          long(qMin<qint64>(b.volume, std::numeric_limits<long>::max())));
+    chart->Update();
+}
+
+void MarketFeed::resendAverages()
+{
+    for (const Average &a : kAverages) {
+        for (int i = a.length - 1; i < bars.size(); ++i)
+            chart->AppendValue(a.name, bars[i].time, average(a.length, i), false);
+    }
+    chart->Update();
 }
 
 double MarketFeed::average(int length, int last) const

@@ -1,17 +1,25 @@
 #include "orderentry.h"
 
+#include "orderlog.h"
+
 #include <pricegraph.h>
 
 #include <QInputDialog>
-#include <QPlainTextEdit>
-#include <QTime>
 
-OrderEntry::OrderEntry(PriceGraph *c, QPlainTextEdit *logWidget, QWidget *parentWidget)
+#include <algorithm>
+#include <cmath>
+
+OrderEntry::OrderEntry(PriceGraph *c, OrderLog *log, QWidget *parentWidget)
     : QObject(parentWidget)
     , chart(c)
-    , logView(logWidget)
+    , orderLog(log)
     , dialogParent(parentWidget)
 {
+}
+
+QString OrderEntry::formatPrice(double price) const
+{
+    return QString::number(price, 'f', priceDecimals);
 }
 
 void OrderEntry::place(const QString &id, double price, long count)
@@ -29,38 +37,35 @@ void OrderEntry::clear()
     lines.clear();
 }
 
-void OrderEntry::log(const QString &text)
-{
-    if (logView)
-        logView->appendPlainText(QTime::currentTime().toString(QStringLiteral("HH:mm:ss  ")) + text);
-}
-
 void OrderEntry::onOrderModify(QString orderid)
 {
-    log(QStringLiteral("modify requested for %1").arg(orderid));
     const Line current = lines.value(orderid, Line{0.0, 1});
+    // The smallest price the chart's decimals can write; nothing at or
+    // below zero is a price.
+    const double tick = std::pow(10.0, -priceDecimals);
     bool ok = false;
-    const double price = QInputDialog::getDouble(dialogParent, tr("Modify order"),
-                                                 tr("New price for %1:").arg(orderid),
-                                                 current.price, 0.0, 1e9, 5, &ok);
-    if (!ok) {
-        log(QStringLiteral("%1 left unchanged").arg(orderid));
+    const double entered = QInputDialog::getDouble(
+        dialogParent, tr("Modify order"), tr("New price for %1:").arg(orderid),
+        std::max(current.price, tick), tick, 1e9, priceDecimals, &ok);
+    // The dialog already rounds to the decimals; an unchanged price is no
+    // modification, so nothing is logged.
+    if (!ok || formatPrice(entered) == formatPrice(current.price))
         return;
-    }
-    place(orderid, price, current.count);
-    log(QStringLiteral("%1 moved to %2").arg(orderid).arg(price));
+    place(orderid, entered, current.count);
+    orderLog->log(tr("%1 moved from %2 to %3")
+                      .arg(orderid, formatPrice(current.price), formatPrice(entered)));
 }
 
 void OrderEntry::onOrderCancel(QString orderid)
 {
     chart->DeletePositionLine(0, orderid.toLatin1().constData());
     lines.remove(orderid);
-    log(QStringLiteral("%1 cancelled").arg(orderid));
+    orderLog->log(tr("%1 cancelled").arg(orderid));
 }
 
 void OrderEntry::onPositionCancel(QString orderid)
 {
     chart->DeletePositionLine(0, orderid.toLatin1().constData());
     lines.remove(orderid);
-    log(QStringLiteral("%1 closed").arg(orderid));
+    orderLog->log(tr("%1 closed").arg(orderid));
 }

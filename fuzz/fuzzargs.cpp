@@ -40,11 +40,11 @@ const double TimeSteps[] = {1.0, 1.0 / 24.0, 1.0 / 288.0, 1.0 / 1440.0, 7.0, 1.0
 
 const char *const Names[] = {
     nullptr, "", "OHLC", "volume", "MA*255#x", "band.end", "Position-1", "Buy-1", "Sell-1",
-    "X1", "OHLC", "OHLC", "volume", "MA*255#x", "Position-1", "Buy-1", "Sell-1",
+    "X1", "OHLC", "OHLC", "volume", "MA", "Position-1", "Buy-1", "Sell-1",
     "OHLC\xff\xfe", "\xe4\xb8\xad\xe6\x96\x87", "MA*", "*", "*16711680", ".end", "volume.end",
     "OHLC.end", "Position", "Buy", "Sell", "Buy-1Sell-1Position-1", "X1*-1",
     "MA*99999999999999999999", "OHLCvolume", "\x01\x7f", "band", "MA*4294967296", "Buy-2",
-    "Sell-2", "Position-2", "\xff"};
+    "Sell-2", "Position-2", "\xff", "BAND*255.end"};
 const int NameCount = int(sizeof Names / sizeof Names[0]);
 
 const std::string &megabyteName(int which)

@@ -41,7 +41,7 @@ void FuzzDriver::feedBatch()
                             long(seed % 100000));
         called("AppendOHLC (batch)");
         if (withValue) {
-            m_chart->AppendValue("MA*255#x", t, price, i == n - 1);
+            m_chart->AppendValue("MA", t, price, i == n - 1);
             called("AppendValue (batch)");
         }
         t += step;

@@ -74,6 +74,8 @@ private Q_SLOTS:
         QTest::newRow("green, no tag") << "RSI*65280" << "RSI" << QColor(0, 255, 0) << false;
         QTest::newRow("intervals") << "MACD.end*16711680" << "MACD.end" << QColor(255, 0, 0)
                                    << true;
+        QTest::newRow(".end after the colour is no interval")
+            << "BAND*255.end" << "BAND" << QColor(255, 0, 0) << false; // "255.end" is no number
     }
     void indicatorNames()
     {
@@ -90,6 +92,14 @@ private Q_SLOTS:
         QCOMPARE(bool(record->curve), !intervals);
         QCOMPARE(intervals ? record->intervalCurve->pen().color() : record->curve->pen().color(),
                  color);
+        QVERIFY(!panel->seriesByName.contains(added) || added == name);
+        // The series answers to its name only, not to the name it was added with.
+        chart->AppendValue(added.toLatin1().constData(), julian(T0), 1.0, false);
+        QCOMPARE(record->points.size(), added == name ? 1 : 0);
+        chart->AppendValue(name.toLatin1().constData(), julian(T0 + Day), 2.0, false);
+        QCOMPARE(record->points.size(), added == name ? 2 : 1);
+        chart->RemoveSeries(added.toLatin1().constData());
+        QCOMPARE(panel->seriesByName.value(name), added == name ? nullptr : record);
     }
 
     void itemsAreCreatedOnce()
@@ -256,7 +266,7 @@ private Q_SLOTS:
         Plot *panel = PriceGraphPrivate::allPanels(chart).at(1);
         feedDays(3, "OHLC");
         for (double k : {1.0, 1.5, 2.0, 4.0})
-            chart->AppendValue("MA*255", julian(T0 + k * Day), k, false);
+            chart->AppendValue("MA", julian(T0 + k * Day), k, false);
         const QwtPlotCurve *curve = panel->series(QStringLiteral("MA"))->curve;
         QCOMPARE(curve->sample(0).x(), 1.0);                // exact hit
         QVERIFY(qAbs(curve->sample(1).x() - 1.5) < 1e-6);   // between bars
@@ -293,7 +303,9 @@ private Q_SLOTS:
         QwtOHLCSample sample;
         QVERIFY(!main()->getYFromX(0.0, sample));
         QCOMPARE(main()->series(QStringLiteral("MA"))->points.size(), 1);
-        chart->RemoveSeries("MA*255");
+        chart->RemoveSeries("MA*255"); // not its name
+        QVERIFY(main()->series(QStringLiteral("MA")));
+        chart->RemoveSeries("MA");
         QVERIFY(!main()->series(QStringLiteral("MA")));
         QCOMPARE(itemCount(main(), QwtPlotItem::Rtti_PlotCurve), 1);
         chart->RemoveSeries("OHLC");
@@ -336,11 +348,11 @@ private Q_SLOTS:
         QFETCH(double, time);
         QFETCH(double, index);
         chart->AddSeries(QStringLiteral("OHLC"), 0, 0, 0, 0, false);
-        QTest::ignoreMessage(QtDebugMsg, "Plot::TimeToIndexSuitable() data sample is not ready.\n");
+        QTest::ignoreMessage(QtWarningMsg, "Plot::TimeToIndexSuitable() data sample is not ready.\n");
         QCOMPARE(main()->TimeToIndexSuitable(time), 0.0);
         main()->AppendOHLC(QStringLiteral("OHLC"), 1000.0, false, 1, 1, 1, 1, 1);
         if (time != 1000.0) {
-            QTest::ignoreMessage(QtDebugMsg, "Plot::TimeToIndexSuitable() no enough data sample|1.\n");
+            QTest::ignoreMessage(QtWarningMsg, "Plot::TimeToIndexSuitable() no enough data sample|1.\n");
             QCOMPARE(main()->TimeToIndexSuitable(time), 0.0);
         }
         for (double t : {3000.0, 2000.0})

@@ -1,4 +1,4 @@
-// The drawing shortcuts (filled columns, candles and grid lines, cached label
+// The drawing shortcuts (filled candles and grid lines, cached label
 // texts, the plainly filled canvas) must put the same pixels on screen as the
 // Qwt drawing they replace, at every bar width.
 #include <QtTest>
@@ -7,10 +7,8 @@
 #include "plotcanvas.h"
 #include "plotgrid.h"
 #include "tradingcurve.h"
-#include "volumehistogram.h"
 
 #include <qwt_plot.h>
-#include <qwt_plot_histogram.h>
 #include <qwt_scale_engine.h>
 #include <qwt_scale_map.h>
 
@@ -103,24 +101,8 @@ private Q_SLOTS:
         QwtScaleMap xMap, yMap;
         maps(visible, samples.size(), xMap, yMap);
 
-        // Volume columns against Qwt's histogram.
-        QVector<QwtIntervalSample> volumes;
-        for (const QwtOHLCSample &s : samples)
-            volumes.append(QwtIntervalSample(s.high - 60.0, s.time - 0.5, s.time + 0.5));
-        VolumeHistogram filled;
-        QwtPlotHistogram stroked;
-        for (QwtPlotHistogram *h : {static_cast<QwtPlotHistogram *>(&filled), &stroked}) {
-            h->setStyle(QwtPlotHistogram::Columns);
-            h->setPen(QPen(Qt::red, 0));
-            h->setBrush(QBrush(Qt::red));
-            h->setSamples(volumes);
-        }
-        QImage a = blank(), b = blank();
-        { QPainter p(&a); filled.draw(&p, xMap, yMap, Canvas); }
-        { QPainter p(&b); stroked.draw(&p, xMap, yMap, Canvas); }
-        QCOMPARE(a, b);
-
         // Candles against stroked candles.
+        QImage a, b;
         TradingCurve fast;
         StrokedCandles slow;
         for (TradingCurve *c : {&fast, static_cast<TradingCurve *>(&slow)}) {

@@ -130,7 +130,7 @@ void tst_LeakCycles::runCycle(const QVector<Bar> &bars, int cycle)
         chart->AppendOHLC("OHLC", b.time, last, b.open, b.high, b.low, b.close, b.volume);
         chart->AppendValue("volume", b.time, double(b.volume), last);
         ma += (b.close - ma) / 20.0;
-        chart->AppendValue("MA*255#x", b.time, ma, last);
+        chart->AppendValue("MA", b.time, ma, last);
     }
     chart->EditOHLC("OHLC", bars.last().time, true, bars.last().open, bars.last().high * 1.01,
                     bars.last().low, bars.last().close, bars.last().volume);

@@ -24,6 +24,31 @@ class tst_Navigation : public QObject
     double upper() const { return shown(main).maxValue(); }
     const ScrollLimits &limits() const { return nav(main)->limits(); }
 
+    // "min" the oldest bar at the left edge, "max" the newest at the right
+    // edge, else the left edge moved by that many bars from `before`; the
+    // view keeps its width and every panel follows.
+    void verifyLanding(const QString &expect, double before)
+    {
+        if (expect == QLatin1String("min"))
+            QCOMPARE(lower(), limits().minX());
+        else if (expect == QLatin1String("max"))
+            QCOMPARE(upper(), limits().maxX());
+        else
+            QCOMPARE(lower(), before + expect.toDouble());
+        QCOMPARE(upper() - lower(), 50.0);
+        VERIFY_IN_STEP(*chart);
+    }
+
+    // As from the window system, so it propagates from canvas to panel.
+    static bool sendWheel(QWidget *canvas, QPoint delta)
+    {
+        QWheelEvent e(QPointF(400, 50), canvas->mapToGlobal(QPoint(400, 50)), QPoint(), delta,
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QSpontaneKeyEvent::setSpontaneous(&e);
+        qApp->notify(canvas, &e);
+        return e.isAccepted();
+    }
+
 private Q_SLOTS:
     // Panel 0 prices, 1 an indicator, 2 a second price panel; 300 bars on an
     // 800 px canvas at zoom 1 (50 bars in view), newest at the right edge.
@@ -127,6 +152,11 @@ private Q_SLOTS:
         QTest::newRow("far left stops at the oldest bar") << 0 << QVector<long>{-10000} << "min";
         QTest::newRow("and stays there") << 0 << QVector<long>{-10000, -3} << "min";
         QTest::newRow("far right stops at the newest bar") << 0 << QVector<long>{10000} << "max";
+        QTest::newRow("LONG_MAX lands on the newest bar") << 0 << QVector<long>{LONG_MAX} << "max";
+        QTest::newRow("INT_MAX lands on the newest bar") << 0 << QVector<long>{INT_MAX} << "max";
+        QTest::newRow("-LONG_MAX lands on the oldest bar") << 0 << QVector<long>{-LONG_MAX} << "min";
+        QTest::newRow("LONG_MIN lands on the oldest bar") << 0 << QVector<long>{LONG_MIN} << "min";
+        QTest::newRow("INT_MIN, then back by INT_MAX") << 1 << QVector<long>{INT_MIN, INT_MAX} << "max";
     }
     void scroll()
     {
@@ -137,14 +167,7 @@ private Q_SLOTS:
         const double before = lower();
         for (long m : moves)
             panel ? panels[panel]->ScrollRight(m) : chart->ScrollRight(m);
-        if (expect == QLatin1String("min"))
-            QCOMPARE(lower(), limits().minX());
-        else if (expect == QLatin1String("max"))
-            QCOMPARE(upper(), limits().maxX());
-        else
-            QCOMPARE(lower(), before + expect.toDouble());
-        QCOMPARE(upper() - lower(), 50.0);
-        VERIFY_IN_STEP(*chart);
+        verifyLanding(expect, before);
     }
 
     void zoomSteps_data()
@@ -229,30 +252,44 @@ private Q_SLOTS:
 
     void wheel_data()
     {
-        QTest::addColumn<int>("delta");
+        QTest::addColumn<QPoint>("delta");
         QTest::addColumn<int>("panel");
-        QTest::newRow("away from the user: newer bars") << 120 << 0;
-        QTest::newRow("toward the user: older bars") << -120 << 0;
-        QTest::newRow("on the indicator panel") << 120 << 1;
+        QTest::addColumn<int>("direction"); // +1 newer bars, -1 older
+        QTest::newRow("away from the user: newer bars") << QPoint(0, 120) << 0 << 1;
+        QTest::newRow("toward the user: older bars") << QPoint(0, -120) << 0 << -1;
+        QTest::newRow("on the indicator panel") << QPoint(0, 120) << 1 << 1;
+        QTest::newRow("swipe to the left: older bars") << QPoint(120, 0) << 0 << -1;
+        QTest::newRow("swipe to the right: newer bars") << QPoint(-120, 0) << 1 << 1;
+        QTest::newRow("mostly sideways") << QPoint(120, -20) << 0 << -1;
     }
     void wheel()
     {
-        QFETCH(int, delta);
+        QFETCH(QPoint, delta);
         QFETCH(int, panel);
+        QFETCH(int, direction);
         chart->ScrollLeft(100);
         double x1, x2;
         main->getX(x1, x2);
         const double before = lower();
         QWidget *canvas = panels[panel]->canvas();
-        QWheelEvent e(QPointF(400, 50), canvas->mapToGlobal(QPoint(400, 50)), QPoint(),
-                      QPoint(0, delta), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-        // As from the window system, so it propagates from canvas to panel.
-        QSpontaneKeyEvent::setSpontaneous(&e);
-        qApp->notify(canvas, &e);
-        QVERIFY(e.isAccepted());
+        QVERIFY(sendWheel(canvas, delta));
         // 120 of 800 pixels: 0.15 of the range, snapped to whole bars.
-        QVERIFY(qAbs(lower() - before - 0.15 * (x2 - x1) * (delta > 0 ? 1 : -1)) <= 0.5);
+        QVERIFY(qAbs(lower() - before - 0.15 * (x2 - x1) * direction) <= 0.5);
         VERIFY_IN_STEP(*chart);
+    }
+
+    void wheelWithoutDeltaDoesNothing()
+    {
+        chart->ScrollLeft(100);
+        const double before = lower();
+        QVector<quint64> replots;
+        for (Plot *p : panels)
+            replots << p->replotCount();
+        QVERIFY(sendWheel(panels[0]->canvas(), QPoint(0, 0)));
+        QVERIFY(sendWheel(panels[1]->canvas(), QPoint(0, 0)));
+        QCOMPARE(lower(), before);
+        for (int i = 0; i < panels.size(); ++i)
+            QCOMPARE(panels[i]->replotCount(), replots[i]);
     }
 
     void canvasDrag_data()
@@ -287,27 +324,30 @@ private Q_SLOTS:
         VERIFY_IN_STEP(*chart);
     }
 
-    void arrowKeys_data()
+    void keys_data()
     {
         QTest::addColumn<int>("key");
         QTest::addColumn<int>("panel");
-        QTest::addColumn<double>("shift");
-        QTest::newRow("left") << int(Qt::Key_Left) << 0 << -1.0;
-        QTest::newRow("up") << int(Qt::Key_Up) << 0 << -1.0;
-        QTest::newRow("right") << int(Qt::Key_Right) << 0 << 1.0;
-        QTest::newRow("down on a sub-panel") << int(Qt::Key_Down) << 1 << 1.0;
-        QTest::newRow("other keys do nothing") << int(Qt::Key_A) << 0 << 0.0;
+        QTest::addColumn<QString>("expect");
+        QTest::newRow("left") << int(Qt::Key_Left) << 0 << "-1";
+        QTest::newRow("up") << int(Qt::Key_Up) << 0 << "-1";
+        QTest::newRow("right") << int(Qt::Key_Right) << 0 << "1";
+        QTest::newRow("down on a sub-panel") << int(Qt::Key_Down) << 1 << "1";
+        QTest::newRow("other keys do nothing") << int(Qt::Key_A) << 0 << "0";
+        QTest::newRow("home: the oldest bar") << int(Qt::Key_Home) << 0 << "min";
+        QTest::newRow("end on a sub-panel: the newest bar") << int(Qt::Key_End) << 1 << "max";
+        QTest::newRow("page up: one screen older") << int(Qt::Key_PageUp) << 0 << "-50";
+        QTest::newRow("page down: one screen newer") << int(Qt::Key_PageDown) << 1 << "50";
     }
-    void arrowKeys()
+    void keys()
     {
         QFETCH(int, key);
         QFETCH(int, panel);
-        QFETCH(double, shift);
+        QFETCH(QString, expect);
         chart->ScrollLeft(100);
         const double before = lower();
         QTest::keyClick(panels[panel]->canvas(), Qt::Key(key));
-        QCOMPARE(lower(), before + shift);
-        VERIFY_IN_STEP(*chart);
+        verifyLanding(expect, before);
     }
 
     void hiddenPanelSkippedThenResynchronised()

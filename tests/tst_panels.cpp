@@ -100,7 +100,10 @@ private Q_SLOTS:
         QCOMPARE(p->canvas()->focusPolicy(), Qt::ClickFocus);
         QVERIFY(p->canvas()->hasMouseTracking());
         QCOMPARE(p->plotLayout()->canvasMargin(QwtPlot::yRight), 0);
-        QCOMPARE(p->plotLayout()->canvasMargin(QwtPlot::xBottom), 0);
+        // No margin beside the bars; the prices' headroom above and below.
+        QCOMPARE(p->plotLayout()->canvasMargin(QwtPlot::yLeft), 0);
+        QCOMPARE(p->plotLayout()->canvasMargin(QwtPlot::xBottom), Plot::PriceHeadroom);
+        QCOMPARE(p->plotLayout()->canvasMargin(QwtPlot::xTop), Plot::PriceHeadroom);
         QVERIFY(p->panner);
         QCOMPARE(p->chartType, 0);
         QCOMPARE(p->leftInset, 10);

@@ -4,16 +4,127 @@
 
 #include "datescaledraw.h"
 #include "plot.h"
+#include "plotnavigator.h"
 #include "pricegraph.h"
 #include "pricegraphprivate.h"
 #include "pricelabeltext.h"
 #include "scaledrawwithprecision.h"
+
+#include <qwt_scale_widget.h>
+
+#include <climits>
+#include <memory>
+
+namespace {
+
+const double Jan2020 = 2458849.5; // 2020-01-01 as a Julian date
+const double Jun2005 = 2453536.5; // 2005-06-15
+
+// A shown chart: prices in panel 0, a line in panel 1 (the lowest, which
+// prints the dates of the main panel's bars).
+std::unique_ptr<PriceGraph> newChart(const char *price = "OHLC")
+{
+    std::unique_ptr<PriceGraph> chart(new PriceGraph);
+    chart->resize(800, 400);
+    chart->AddSeries(QString::fromLatin1(price), 0, 0, 0, 0, false);
+    chart->AddSeries(QStringLiteral("MA"), 0, 1, 0, 0, false);
+    chart->show();
+    return chart;
+}
+
+// Daily bars `first`..`first + count - 1` from `start`; the prices follow
+// the bar's number only, so charts of other dates have the same price axis.
+void feedDays(PriceGraph &chart, const char *name, double start, int first, int count)
+{
+    for (int i = first; i < first + count; ++i) {
+        const double p = 100.0 + i % 10;
+        chart.AppendOHLC(name, start + i, false, p, p + 1.0, p - 1.0, p, 1000);
+        chart.AppendValue("MA", start + i, p, false);
+    }
+    chart.Update();
+}
+
+Plot *lowest(PriceGraph &chart) { return PriceGraphPrivate::allPanels(&chart).last(); }
+
+// The date axis as drawn, once the other chart shows the same bars.
+QImage drawnDates(PriceGraph &chart, PriceGraph *sameView = nullptr)
+{
+    Plot *main = PriceGraphPrivate::mainPanel(&chart);
+    if (sameView) {
+        Plot *other = PriceGraphPrivate::mainPanel(sameView);
+        double x1, x2;
+        other->getX(x1, x2);
+        main->setX(x1, x2, other->getNavigator()->zoom());
+        main->SyncAllPannel();
+    }
+    QCoreApplication::processEvents();
+    return lowest(chart)->axisWidget(QwtPlot::xBottom)->grab().toImage();
+}
+
+} // namespace
 
 class tst_ScaleDraws : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    // The dates drawn after a change of data, interval or main panel are
+    // those of a chart that was given the new state from the start.
+    void drawnDatesFollowTheData_data()
+    {
+        QTest::addColumn<QString>("change");
+        QTest::newRow("interval") << "interval";
+        QTest::newRow("same number of bars fed again") << "refeed";
+        QTest::newRow("fed again while scrolled back") << "refeed back";
+        QTest::newRow("older bars inserted") << "older";
+        QTest::newRow("another panel becomes the main panel") << "move";
+    }
+    void drawnDatesFollowTheData()
+    {
+        QFETCH(QString, change);
+        const bool move = change == QLatin1String("move");
+        std::unique_ptr<PriceGraph> chart = newChart();
+        std::unique_ptr<PriceGraph> expected = newChart(move ? "OHLC2" : "OHLC");
+        if (move) {
+            chart->AddSeries(QStringLiteral("OHLC2"), 0, 1, 0, 0, false);
+            chart->MoveChartPanel(1, 2); // the line stays the lowest panel
+            expected->AddSeries(QStringLiteral("OHLC"), 0, 1, 0, 0, false);
+            expected->MoveChartPanel(1, 2);
+        }
+        QVERIFY(QTest::qWaitForWindowExposed(chart.get()));
+        QVERIFY(QTest::qWaitForWindowExposed(expected.get()));
+        chart->SetInterval(86400000.0);
+        expected->SetInterval(change == QLatin1String("interval") ? 60000.0 : 86400000.0);
+        const int older = change == QLatin1String("older") ? 100 : 0;
+        feedDays(*chart, "OHLC", Jan2020, older, 300 - older);
+        if (move)
+            feedDays(*chart, "OHLC2", Jun2005, 0, 300);
+        if (change == QLatin1String("refeed back") || older)
+            chart->ScrollLeft(LONG_MAX);
+        const QImage before = drawnDates(*chart);
+
+        if (change == QLatin1String("interval")) {
+            chart->SetInterval(60000.0);
+            feedDays(*expected, "OHLC", Jan2020, 0, 300);
+        } else if (change.startsWith(QLatin1String("refeed"))) {
+            chart->ClearValues("OHLC");
+            chart->ClearValues("MA");
+            feedDays(*chart, "OHLC", Jun2005, 0, 300);
+            feedDays(*expected, "OHLC", Jun2005, 0, 300);
+        } else if (older) {
+            feedDays(*chart, "OHLC", Jan2020, 0, older);
+            feedDays(*expected, "OHLC", Jan2020, 0, 300);
+        } else {
+            chart->MoveChartPanel(1, 0);
+            feedDays(*expected, "OHLC2", Jun2005, 0, 300);
+            feedDays(*expected, "OHLC", Jan2020, 0, 300);
+        }
+        const QImage want = drawnDates(*expected, chart.get());
+        QVERIFY(want != before); // the dates shown do change
+        QCOMPARE(drawnDates(*chart), want);
+    }
+
+
     void dateLabels_data()
     {
         QTest::addColumn<double>("interval");

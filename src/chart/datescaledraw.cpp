@@ -5,6 +5,7 @@
 
 #include <QDateTime>
 #include <qwt_date.h>
+#include <qwt_scale_widget.h>
 
 #include <cmath>
 
@@ -18,8 +19,20 @@ DateScaleDraw::DateScaleDraw(PriceGraph *chart, Plot *panel)
     setTickLength(QwtScaleDiv::MediumTick, 0);
 }
 
+int DateScaleDraw::s_labelled = 0;
+
+DateScaleDraw::~DateScaleDraw()
+{
+    if (m_labelled)
+        --s_labelled;
+}
+
 QwtText DateScaleDraw::label(double value) const
 {
+    if (!m_labelled) {
+        m_labelled = true;
+        ++s_labelled;
+    }
     Plot *main = m_chart ? PriceGraphPrivate::mainPanel(m_chart) : nullptr;
     if (!main || !std::isfinite(value) || std::fabs(value) > 2e9)
         return QwtText();
@@ -38,4 +51,24 @@ QwtText DateScaleDraw::label(double value) const
 double DateScaleDraw::nudge(double ms)
 {
     return std::fmod(ms, 60000.0) > 59000.0 ? ms + 1000.0 : ms;
+}
+
+void DateScaleDraw::datesChanged(PriceGraph *chart)
+{
+    if (!chart || !anyLabels())
+        return;
+    const QList<Plot *> panels = PriceGraphPrivate::allPanels(chart);
+    for (Plot *p : panels) {
+        auto *draw = dynamic_cast<DateScaleDraw *>(p->axisScaleDraw(QwtPlot::xBottom));
+        if (!draw || !draw->m_labelled)
+            continue;
+        draw->m_labelled = false;
+        --s_labelled;
+        draw->invalidateCache();
+        QwtScaleWidget *axis = p->axisWidget(QwtPlot::xBottom);
+        if (axis && p->axisEnabled(QwtPlot::xBottom)) {
+            axis->updateGeometry(); // the end labels' widths are part of the layout
+            axis->update();
+        }
+    }
 }

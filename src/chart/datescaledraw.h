@@ -12,6 +12,7 @@ class DateScaleDraw : public ColorScaleDraw
 {
 public:
     DateScaleDraw(PriceGraph *chart, Plot *panel);
+    ~DateScaleDraw() override;
 
     QwtText label(double value) const override;
 
@@ -20,9 +21,22 @@ public:
     // before the minute they mean.
     static double nudge(double ms);
 
+    // The labels are cached by tick value, and the ticks need not move when
+    // the dates under them do: whenever the main panel's bars, the bar
+    // interval or the main panel itself change, this clears the labels of
+    // every panel of `chart`.
+    static void datesChanged(PriceGraph *chart);
+    // False while no date scale draw holds labels: then datesChanged() has
+    // nothing to do (a load of many bars before the first draw).
+    static bool anyLabels() { return s_labelled > 0; }
+
 private:
     PriceGraph *m_chart;
     Plot *m_panel;
+    // Set once a label was made, cleared when they are dropped: a load of
+    // many bars with nothing drawn in between costs no invalidation.
+    mutable bool m_labelled = false;
+    static int s_labelled; // draws with m_labelled set (one GUI thread)
 };
 
 #endif // DATESCALEDRAW_H

@@ -8,8 +8,10 @@
 #include "plotgrid.h"
 #include "plotnavigator.h"
 #include "plotpricelinesdata.h"
+#include "priceaxislayout.h"
 #include "pricegraph.h"
 #include "pricegraphprivate.h"
+#include "pricescaleengine.h"
 #include "qwtplotpannerx.h"
 #include "scaledrawwithprecision.h"
 #include "seriesfeed.h"
@@ -90,6 +92,7 @@ void Plot::setup()
     setBackgroundColor(QColor(QStringLiteral("#0c0c0c")));
     setTextColor(QColor(QStringLiteral("#bbbbbb")));
     setAxisScaleDraw(QwtPlot::yRight, new ScaleDrawWithPrecision(this));
+    setAxisScaleEngine(QwtPlot::yRight, new PriceScaleEngine);
 
     grid = new PlotGrid;
     grid->attach(this);
@@ -119,6 +122,12 @@ void Plot::setup()
     axisWidget(QwtPlot::xBottom)->installEventFilter(this);
     axisWidget(QwtPlot::yRight)->installEventFilter(this);
     plotLayout()->setCanvasMargin(0, -1);
+    // The prices keep clear of the canvas's top and bottom edges: the price
+    // scale ends PriceHeadroom pixels inside the canvas, so the highest high
+    // and the lowest low in view are never cut, whatever the vertical zoom
+    // (the scale's span is untouched; the canvas gives the room).
+    plotLayout()->setCanvasMargin(PriceHeadroom, QwtPlot::xTop);
+    plotLayout()->setCanvasMargin(PriceHeadroom, QwtPlot::xBottom);
 }
 
 // ---- colours ---------------------------------------------------------------
@@ -340,7 +349,7 @@ void Plot::setBarSample(QwtPlotIntervalCurve *pBar, QVector<QwtIntervalSample> d
 
 SeriesRecord *Plot::series(const QString &name) const
 {
-    return seriesByName.value(SeriesFeed::baseName(name));
+    return seriesByName.value(name);
 }
 
 BarSeries *Plot::axisBars() const
@@ -685,9 +694,15 @@ void Plot::SyncAllPannel()
     ChartEvents::send(this, ChartEvents::sync());
 }
 
+// The wheel away from the user (positive y) brings newer bars; a sideways
+// wheel or swipe to the left (positive x) older ones, by the same amount.
+// The larger component decides; an event without either moves nothing.
 void Plot::wheelEvent(QWheelEvent *event)
 {
-    moveX(-event->angleDelta().y());
+    const QPoint delta = event->angleDelta();
+    const int dx = std::abs(delta.x()) > std::abs(delta.y()) ? delta.x() : -delta.y();
+    if (dx != 0)
+        moveX(dx);
     event->accept();
 }
 
@@ -704,6 +719,22 @@ void Plot::keyPressEvent(QKeyEvent *event)
         ScrollRight(1);
         event->accept();
         break;
+    case Qt::Key_Home:
+        ScrollRight(LONG_MIN);
+        event->accept();
+        break;
+    case Qt::Key_End:
+        ScrollRight(LONG_MAX);
+        event->accept();
+        break;
+    case Qt::Key_PageUp: // towards older bars, like Left
+        ScrollRight(-navigator->screenBars());
+        event->accept();
+        break;
+    case Qt::Key_PageDown:
+        ScrollRight(navigator->screenBars());
+        event->accept();
+        break;
     default:
         QwtPlot::keyPressEvent(event);
     }
@@ -712,6 +743,7 @@ void Plot::keyPressEvent(QKeyEvent *event)
 void Plot::updateLayout()
 {
     QwtPlot::updateLayout();
+    PriceAxisLayout::panelLaidOut(this);
     if (priceLines)
         priceLines->updateLabels();
     if (m_marks)

@@ -41,6 +41,10 @@ class Plot : public QwtPlot
     Q_OBJECT
 
 public:
+    // Pixels between the canvas's top and bottom edges and the ends of the
+    // price scale.
+    static constexpr int PriceHeadroom = 8;
+
     Plot(PriceGraph *chart, QWidget *parent = nullptr);
     virtual ~Plot();
 
@@ -97,7 +101,8 @@ public:
     PlotPriceLinesData *getPriceLines() const { return priceLines; }
     PriceGraph *getChart() const { return chart; }
     const QVector<QwtPlotMarker *> &getDaySeparators() const { return daySeparators; }
-    // The indicator `name` (the text before any '*'), or null.
+    // The indicator named `name`, or null. An indicator added as "MA*255#x"
+    // is named "MA".
     SeriesRecord *series(const QString &name) const;
 
     // Prepares what follows the view (day separators, the volume scale of a

@@ -1,5 +1,6 @@
 #include "pricegraph.h"
 
+#include "datescaledraw.h"
 #include "eventsync.h"
 #include "overlaylayout.h"
 #include "overlaywidget.h"
@@ -140,6 +141,7 @@ void PriceGraph::OnPlotClose(Plot *plot)
     d->eventSync->removePanel(plot);
     // The scroll bar serves the main panel, whichever that is now.
     d->scrollBar->setPlot(d->panels.value(0));
+    DateScaleDraw::datesChanged(this); // the main panel may be another one now
 }
 
 void PriceGraph::removePannels(QList<Plot *> &list)
@@ -170,6 +172,8 @@ void PriceGraph::resetLayout()
     d->splitter->refresh();
     if (d->splitter->count() == 0)
         ResetSplitter();
+    // Panels were added, moved or removed: the main panel may be another one.
+    DateScaleDraw::datesChanged(this);
 }
 
 void PriceGraph::ResetSplitter()
@@ -357,10 +361,11 @@ void PriceGraph::SetInterval(double interval)
     }
     d->interval = interval;
     const QList<Plot *> panels = d->panels;
-    for (Plot *p : panels) {
+    for (Plot *p : panels)
         p->setInterval(interval);
+    DateScaleDraw::datesChanged(this);
+    for (Plot *p : panels)
         p->replot();
-    }
 }
 
 void PriceGraph::SetCursorType(long type)

@@ -3,6 +3,8 @@
 #include "plot.h"
 #include "pricelabeltext.h"
 
+#include <algorithm>
+
 ScaleDrawWithPrecision::ScaleDrawWithPrecision(Plot *panel)
     : m_panel(panel)
     , m_maxMajor(panel ? panel->axisMaxMajor(QwtPlot::yRight) : 8)
@@ -17,4 +19,17 @@ ScaleDrawWithPrecision::ScaleDrawWithPrecision(Plot *panel)
 QwtText ScaleDrawWithPrecision::label(double value) const
 {
     return QwtText(PriceLabelText::format(value), QwtText::PlainText);
+}
+
+bool ScaleDrawWithPrecision::setAlignedExtent(double extent)
+{
+    if (extent == m_alignedExtent)
+        return false;
+    m_alignedExtent = extent;
+    return true;
+}
+
+double ScaleDrawWithPrecision::extent(const QFont &font) const
+{
+    return std::max(naturalExtent(font), m_alignedExtent);
 }

@@ -2,6 +2,7 @@
 
 #include "barseries.h"
 #include "closelineview.h"
+#include "datescaledraw.h"
 #include "indicatorintervalview.h"
 #include "indicatorlineview.h"
 #include "markregistry.h"
@@ -23,8 +24,8 @@
 // - a price series answers to the exact names containing "OHLC" that were
 //   added to this panel; all of them feed the panel's one set of bars;
 // - the volume series answers to "volume" on a panel that added it;
-// - an indicator answers to the text before any '*', so "MA" and "MA*255"
-//   both feed the series added as "MA*255#x".
+// - an indicator answers to its name, the text before any '*': "MA" feeds
+//   the series added as "MA*255#x", and "MA*255#x" itself feeds nothing.
 // Anything else is not this panel's and is ignored.
 //
 // How samples are stored (BarSeries and IndicatorSeries hold the details):
@@ -130,7 +131,8 @@ void SeriesFeed::addSeries(const QString &name)
     const QColor lineColor = color(name);
     const QString base = baseName(name);
     delete p->seriesByName.take(base); // adding a name again replaces the series
-    const bool intervals = name.contains(QLatin1String(".end"));
+    // Only the name says ".end": "BAND*255.end" is a line named "BAND".
+    const bool intervals = base.contains(QLatin1String(".end"));
     auto *record = new SeriesRecord(base, lineColor, intervals);
     QwtPlotItem *item;
     if (intervals) {
@@ -165,13 +167,16 @@ void SeriesFeed::removeSeries(const QString &name)
         delete p->lineCurve;
         p->lineCurve = nullptr;
         bars->clear();
+        barTimesChanged();
         if (p->volumeHistogram)
             p->volumeHistogram->setAxes(QwtPlot::xBottom, QwtPlot::yRight);
     } else if (name == QLatin1String("volume") && p->volumeHistogram) {
         delete p->volumeHistogram;
         p->volumeHistogram = nullptr;
-        if (!p->tradingCurve)
+        if (!p->tradingCurve) {
             bars->clear(); // bars that only carried volume
+            barTimesChanged();
+        }
     } else if (SeriesRecord *record = p->series(name)) {
         p->seriesByName.remove(record->name);
         delete record;
@@ -179,6 +184,24 @@ void SeriesFeed::removeSeries(const QString &name)
         return;
     }
     p->scheduleReplot();
+}
+
+void SeriesFeed::barTimesChanged()
+{
+    if (!DateScaleDraw::anyLabels())
+        return; // no dates shown yet: nothing to forget
+    PriceGraph *chart = m_plot->getChart();
+    Plot *main = chart ? PriceGraphPrivate::mainPanel(chart) : nullptr;
+    if (main && (main == m_plot || main->axisBars() == m_plot->barSeries()))
+        DateScaleDraw::datesChanged(chart);
+}
+
+bool SeriesFeed::stored(int result)
+{
+    // A replaced bar keeps its time; a new one changes what the dates say.
+    if (result == BarSeries::Appended || result == BarSeries::Inserted)
+        barTimesChanged();
+    return result != BarSeries::Rejected;
 }
 
 bool SeriesFeed::feedVolume(double time, bool edit, double open, double high, double low,
@@ -190,9 +213,8 @@ bool SeriesFeed::feedVolume(double time, bool edit, double open, double high, do
     if (target == bars && !p->tradingCurve) {
         // No price bars to stand on: the volume samples are this panel's
         // own bars, placed by their own times.
-        return (edit ? bars->editLast(time, open, high, low, close, volume)
-                     : bars->add(time, open, high, low, close, volume))
-               != BarSeries::Rejected;
+        return stored(edit ? bars->editLast(time, open, high, low, close, volume)
+                           : bars->add(time, open, high, low, close, volume));
     }
     if (edit) {
         if (target->isEmpty()) {
@@ -224,7 +246,7 @@ bool SeriesFeed::feed(const QString &name, double time, bool edit, double open, 
         MarkRegistry *marks = PriceGraphPrivate::markRegistryOf(p->getChart());
         if (marks && result == BarSeries::Inserted)
             marks->barsInserted(at, 1);
-        return result != BarSeries::Rejected;
+        return stored(result);
     }
     if (p->volumeHistogram && name == QLatin1String("volume"))
         return feedVolume(time, edit, open, high, low, close, volume);
@@ -254,11 +276,13 @@ bool SeriesFeed::clearValues(const QString &name)
     BarSeries *bars = p->barSeries();
     if (isPriceName(name)) {
         bars->clear(); // the volumes of these bars go with them
+        barTimesChanged();
     } else if (p->volumeHistogram && name == QLatin1String("volume")) {
         BarSeries *target = p->axisBars();
-        if (target == bars && !p->tradingCurve)
+        if (target == bars && !p->tradingCurve) {
             bars->clear();
-        else
+            barTimesChanged();
+        } else
             target->clearVolumes();
     } else if (SeriesRecord *record = p->series(name)) {
         record->points.clear();

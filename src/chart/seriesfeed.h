@@ -37,6 +37,11 @@ public:
     static QColor color(const QString &name);
 
 private:
+    // This panel's bars gained, lost or moved bars: the date labels follow
+    // when they are the bars the main panel's dates come from.
+    void barTimesChanged();
+    // True when a bar was stored (a BarSeries::Result other than Rejected).
+    bool stored(int result);
     bool feedVolume(double time, bool edit, double open, double high, double low, double close,
                     double volume);
 

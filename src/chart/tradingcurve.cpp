@@ -38,6 +38,14 @@ double TradingCurve::symbolWidth(const QwtScaleMap &xMap, const QwtScaleMap &yMa
     return scaledSymbolWidth(xMap, yMap, canvasRect);
 }
 
+QRectF TradingCurve::barArea(const QwtPlot *plot, const QRectF &canvasRect)
+{
+    const Plot *panel = dynamic_cast<const Plot *>(plot);
+    const int k = panel ? panel->getLeftInset() : 10;
+    return QRectF(canvasRect.left() + k, canvasRect.top(), canvasRect.width() - 25 - k,
+                  canvasRect.height());
+}
+
 void TradingCurve::drawSeries(QPainter *painter, const QwtScaleMap &xMap,
                               const QwtScaleMap &yMap, const QRectF &canvasRect, int from,
                               int to) const
@@ -63,12 +71,8 @@ void TradingCurve::drawSymbols(QPainter *painter, const QwtScaleMap &xMap,
                                const QwtScaleMap &yMap, const QRectF &canvasRect, int from,
                                int to) const
 {
-    const Plot *panel = dynamic_cast<const Plot *>(plot());
-    const int k = panel ? panel->getLeftInset() : 10;
     painter->save();
-    painter->setClipRect(QRectF(canvasRect.left() + k, canvasRect.top(),
-                                canvasRect.width() - 25 - k, canvasRect.height()),
-                         Qt::IntersectClip);
+    painter->setClipRect(barArea(plot(), canvasRect), Qt::IntersectClip);
     QwtPlotTradingCurve::drawSymbols(painter, xMap, yMap, canvasRect, from, to);
     painter->restore();
 }

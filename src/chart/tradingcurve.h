@@ -21,6 +21,12 @@ public:
     double symbolWidth(const QwtScaleMap &xMap, const QwtScaleMap &yMap,
                        const QRectF &canvasRect) const;
 
+    // The part of the canvas where bars are drawn: all of it but the left
+    // inset of `plot` (10 px when it is no panel) and 25 px at the right.
+    // Every item that draws one shape a bar clips to it, so a bar at either
+    // edge shows in every panel or in none.
+    static QRectF barArea(const QwtPlot *plot, const QRectF &canvasRect);
+
 protected:
     void drawSeries(QPainter *painter, const QwtScaleMap &xMap, const QwtScaleMap &yMap,
                     const QRectF &canvasRect, int from, int to) const override;

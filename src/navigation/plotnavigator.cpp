@@ -142,12 +142,22 @@ void PlotNavigator::scrollBy(long records)
         return;
     double x1 = m_viewX1, x2 = m_viewX2;
     if (!(m_limits.span() < visibleSpan())) {
-        x1 += records;
-        x2 += records;
+        // A scroll past either end lands on it: no move needs to be longer
+        // than the data and a screen, and a longer one would leave the
+        // positions that the scale can take.
+        const double reach = m_limits.span() + visibleSpan() + 1.0;
+        const double shift = std::max(-reach, std::min(double(records), reach));
+        x1 += shift;
+        x2 += shift;
     }
     adjustX(x1, x2);
     setX(x1, x2, -1.0);
     m_plot->SyncAllPannel();
+}
+
+long PlotNavigator::screenBars() const
+{
+    return std::max(1L, long(std::floor(visibleSpan())));
 }
 
 void PlotNavigator::scrollToEnd()

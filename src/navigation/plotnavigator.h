@@ -33,6 +33,8 @@ public:
     // Scrolls the chart's main panel (whichever panel it is called on).
     void scrollRight(long records);
     void scrollToEnd();
+    // Whole bars one screen holds (at least 1): what Page Up and Down move.
+    long screenBars() const;
     void zoomIn();
     void zoomOut();
     void resetZoom();

@@ -41,16 +41,16 @@ void SampleTimeTable::removeAt(int index)
 double SampleTimeTable::suitableIndex(double time) const
 {
     if (updating || m_times.empty()) {
-        qDebug("Plot::TimeToIndexSuitable() data sample is not ready.\n");
+        qWarning("Plot::TimeToIndexSuitable() data sample is not ready.\n");
         return 0.0;
     }
     if (!std::isfinite(time)) {
-        qDebug("Plot::TimeToIndexSuitable() ignored a non-finite time.\n");
+        qWarning("Plot::TimeToIndexSuitable() ignored a non-finite time.\n");
         return 0.0;
     }
     double index = 0.0;
     if (!fractionalIndex(time, &index))
-        qDebug("Plot::TimeToIndexSuitable() no enough data sample|%d.\n", size());
+        qWarning("Plot::TimeToIndexSuitable() no enough data sample|%d.\n", size());
     return index;
 }
 
