@@ -71,8 +71,13 @@ void PriceAxisLayout::keepMinimumHeight(Plot *panel)
     const int length = int(std::fabs(panel->canvasMap(QwtPlot::yRight).pDist()));
     const int beside = std::max(0, canvas->height() - length)
         + std::max(0, panel->height() - canvas->height());
-    const int minimum = std::max(2 * labelPitch(priceFont(panel)) + beside,
-                                 2 * (labelPitch(priceFont(panel)) + Plot::PriceHeadroom));
+    // The main panel takes what is left, so a small chart (a price and a
+    // volume panel in 200 x 120 pixels) can still be made: its labels thin.
+    PriceGraph *chart = panel->getChart();
+    const bool main = chart && PriceGraphPrivate::mainPanel(chart) == panel;
+    const int minimum = main ? 0
+                             : std::max(2 * labelPitch(priceFont(panel)) + beside,
+                                        2 * (labelPitch(priceFont(panel)) + Plot::PriceHeadroom));
     if (panel->minimumHeight() != minimum)
         panel->setMinimumHeight(minimum);
 }
