@@ -1,5 +1,5 @@
-// Axis labels: dates from the main panel's bars, prices by the fixed-width
-// truncation rule.
+// Axis labels: dates from the bars of the chart's time axis, prices by the
+// fixed-width truncation rule.
 #include <QtTest>
 
 #include "datescaledraw.h"
@@ -8,6 +8,7 @@
 #include "pricegraphprivate.h"
 #include "pricelabeltext.h"
 #include "scaledrawwithprecision.h"
+#include "timescale.h"
 
 class tst_ScaleDraws : public QObject
 {
@@ -29,8 +30,8 @@ private Q_SLOTS:
         QFETCH(double, interval);
         QFETCH(QString, label);
         PriceGraph chart;
-        DateScaleDraw orphan(&chart, nullptr);
-        QVERIFY(orphan.label(0.0).isEmpty()); // no panel yet
+        DateScaleDraw orphan(nullptr);
+        QVERIFY(orphan.label(0.0).isEmpty()); // no time axis
         chart.AddSeries(QStringLiteral("OHLC"), 0, 0, 0, 0, false);
         chart.AddSeries(QStringLiteral("MA"), 0, 1, 0, 0, false);
         chart.SetInterval(interval);

@@ -1,16 +1,14 @@
 #include "datescaledraw.h"
 
-#include "plot.h"
-#include "pricegraphprivate.h"
+#include "timescale.h"
 
 #include <QDateTime>
 #include <qwt_date.h>
 
 #include <cmath>
 
-DateScaleDraw::DateScaleDraw(PriceGraph *chart, Plot *panel)
-    : m_chart(chart)
-    , m_panel(panel)
+DateScaleDraw::DateScaleDraw(const TimeScale *times)
+    : m_times(times)
 {
     setSpacing(5.0);
     setMinimumExtent(24.0);
@@ -20,13 +18,12 @@ DateScaleDraw::DateScaleDraw(PriceGraph *chart, Plot *panel)
 
 QwtText DateScaleDraw::label(double value) const
 {
-    Plot *main = m_chart ? PriceGraphPrivate::mainPanel(m_chart) : nullptr;
-    if (!main || !std::isfinite(value) || std::fabs(value) > 2e9)
+    if (!m_times || !std::isfinite(value) || std::fabs(value) > 2e9)
         return QwtText();
-    const double time = main->timeAtIndex(long(value));
+    const double time = m_times->timeAt(std::trunc(value));
     if (!(time > 0.0))
         return QwtText();
-    const double interval = main->getInterval();
+    const double interval = m_times->interval();
     QString format = QStringLiteral("MM");
     if (interval > 0.0 && interval < 86400000.0)
         format = QStringLiteral("hh:mm");

@@ -3,15 +3,15 @@
 
 #include "colorscaledraw.h"
 
-class Plot;
-class PriceGraph;
+class TimeScale;
 
-// Bottom axis: the tick at bar index i is labelled with the time of the
-// main panel's bar i, in a format chosen by the bar interval.
+// Bottom axis: the tick at bar index i is labelled with the time of bar i
+// of the chart's time axis (the price bars, wherever their panel stands),
+// in a format chosen by the bar interval.
 class DateScaleDraw : public ColorScaleDraw
 {
 public:
-    DateScaleDraw(PriceGraph *chart, Plot *panel);
+    explicit DateScaleDraw(const TimeScale *times);
 
     QwtText label(double value) const override;
 
@@ -21,8 +21,7 @@ public:
     static double nudge(double ms);
 
 private:
-    PriceGraph *m_chart;
-    Plot *m_panel;
+    const TimeScale *m_times;
 };
 
 #endif // DATESCALEDRAW_H

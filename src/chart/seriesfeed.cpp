@@ -4,6 +4,7 @@
 #include "closelineview.h"
 #include "indicatorintervalview.h"
 #include "indicatorlineview.h"
+#include "panelbars.h"
 #include "plot.h"
 #include "seriesrecord.h"
 #include "tradingcurve.h"
@@ -37,12 +38,13 @@
 // - indicator points are kept by time and drawn at the x of the bar of
 //   their time (interpolated between bars);
 // - "volume" writes the volume of the bar of its time in the bars this
-//   panel's x axis counts (axisBars()): its own price bars, else the main
-//   panel's; with no price bars at all the volume samples become bars of
-//   their own. A volume for a time without a bar is dropped with a debug
+//   panel's x axis counts (PanelBars): its own price bars, else those of
+//   the chart's time axis; with no price bars at all the volume samples
+//   become bars of their own. A volume for a time without a bar is dropped with a debug
 //   line (the price call carries the same volume);
-// - a call with show = true schedules one deferred flush, so a burst of
-//   samples costs one replot; show = false only stores.
+// - a call with show = true asks for one flush of the whole chart, so a
+//   burst of samples costs one replot; any navigation before that flush
+//   runs it first. show = false only stores.
 
 SeriesFeed::SeriesFeed(Plot *plot)
     : m_plot(plot)
@@ -87,6 +89,7 @@ void SeriesFeed::addSeries(const QString &name)
             p->tradingCurve->setBars(bars);
             p->tradingCurve->attach(p);
             p->tradingCurve->setVisible(true);
+            p->panelBars()->setHoldsPrice(true);
         }
         if (!p->lineCurve) {
             p->lineCurve = new VisibleCurve;
@@ -113,7 +116,7 @@ void SeriesFeed::addSeries(const QString &name)
         auto *histogram = new VolumeHistogram;
         histogram->setPen(QPen(Qt::red, 0));
         histogram->setBrush(QBrush(Qt::red));
-        histogram->setData(new VolumeSeriesView(p));
+        histogram->setData(new VolumeSeriesView(p->panelBars()));
         // Beside a price series the volume stands on the hidden left axis,
         // scaled into the lower part of the panel (updateVolumeScale).
         histogram->setAxes(QwtPlot::xBottom, p->tradingCurve ? QwtPlot::yLeft : QwtPlot::yRight);
@@ -133,13 +136,13 @@ void SeriesFeed::addSeries(const QString &name)
     QwtPlotItem *item;
     if (intervals) {
         auto *curve = new VisibleIntervalCurve(lineColor);
-        curve->setData(new IndicatorIntervalView(p, &record->points));
+        curve->setData(new IndicatorIntervalView(p->panelBars(), &record->points));
         record->intervalCurve = curve;
         item = curve;
     } else {
         auto *curve = new VisibleCurve(base);
         curve->setPen(lineColor, 0, Qt::SolidLine);
-        curve->setData(new IndicatorLineView(p, &record->points));
+        curve->setData(new IndicatorLineView(p->panelBars(), &record->points));
         record->curve = curve;
         item = curve;
     }
@@ -162,6 +165,7 @@ void SeriesFeed::removeSeries(const QString &name)
         p->tradingCurve = nullptr;
         delete p->lineCurve;
         p->lineCurve = nullptr;
+        p->panelBars()->setHoldsPrice(false);
         bars->clear();
         if (p->volumeHistogram)
             p->volumeHistogram->setAxes(QwtPlot::xBottom, QwtPlot::yRight);

@@ -2,7 +2,6 @@
 
 #include "orderline.h"
 #include "orderlinebutton.h"
-#include "plot.h"
 #include "positionline.h"
 #include "priceline.h"
 
@@ -10,6 +9,7 @@
 #include <QMetaObject>
 #include <QPointer>
 
+#include <qwt_plot.h>
 #include <qwt_plot_canvas.h>
 
 namespace {
@@ -33,7 +33,7 @@ void connectByName(QObject *line, const char *signal, QObject *target, const cha
 
 } // namespace
 
-PlotPriceLinesData::PlotPriceLinesData(Plot *plot)
+PlotPriceLinesData::PlotPriceLinesData(QwtPlot *plot)
     : m_plot(plot)
 {
     m_tickLine = new PriceLine;
@@ -89,7 +89,7 @@ void PlotPriceLinesData::drawPositionLine(double price, long count, const QStrin
         line->setCount(count);
         line->attach(m_plot);
         m_lines.insert(id, line);
-        line->setMode(m_plot->getCursorStyle());
+        line->setMode(m_cursorStyle);
     }
     line->setPrice(price);
     line->setValue(line->xValue(), price);
@@ -177,6 +177,7 @@ void PlotPriceLinesData::hideTickLine()
 
 void PlotPriceLinesData::setCursorStyle(int style)
 {
+    m_cursorStyle = style;
     for (PriceLine *line : qAsConst(m_lines))
         line->setMode(style);
 }

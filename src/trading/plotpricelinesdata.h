@@ -6,8 +6,8 @@
 #include <QObject>
 #include <QString>
 
-class Plot;
 class PriceLine;
+class QwtPlot;
 
 // The order, position and tick lines of one panel. Order and position lines
 // are kept by id and owned here; the tick line is owned here as well. The
@@ -18,7 +18,7 @@ class PlotPriceLinesData : public QObject
     Q_OBJECT
 
 public:
-    explicit PlotPriceLinesData(Plot *plot);
+    explicit PlotPriceLinesData(QwtPlot *plot);
     ~PlotPriceLinesData() override;
 
     // Creates the line `id` on first use (its kind follows from the id:
@@ -42,6 +42,8 @@ public:
     void showTickLine(double price);
     void hideTickLine();
 
+    // The panel's cursor style: lines listen to the mouse only in the
+    // pointer modes (0 and 3); new lines take the last style given.
     void setCursorStyle(int style);
     // Stored for the host to read back; line colours are fixed by kind.
     void setPriceLineColor(const QColor &color, int flag);
@@ -56,7 +58,8 @@ public:
     static void checkOrderEntry(QObject *orderEntry);
 
 private:
-    Plot *m_plot;
+    QwtPlot *m_plot;
+    int m_cursorStyle = -1;
     QMap<QString, PriceLine *> m_lines;
     PriceLine *m_tickLine = nullptr;
     QColor m_color;

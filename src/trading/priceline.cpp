@@ -2,8 +2,8 @@
 
 #include "linelabeltext.h"
 #include "orderlinebutton.h"
-#include "plot.h"
 #include "pricelabeltext.h"
+#include "priceprecision.h"
 
 #include <QEvent>
 #include <QLabel>
@@ -293,7 +293,7 @@ QwtScaleWidget *PriceLine::axisWidget() const
 
 int PriceLine::priceDecimals() const
 {
-    const Plot *p = qobject_cast<const Plot *>(plot());
+    const auto *p = dynamic_cast<const PricePrecision *>(plot());
     return p ? p->priceDecimals() : -1;
 }
 
