@@ -120,6 +120,23 @@ void PlotScrollBar::onSliderMoved(int newValue)
     ChartEvents::send(m_plot, ChartEvents::sync());
 }
 
+bool PlotScrollBar::event(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::Wheel:
+    case QEvent::KeyPress:
+        // Bars fed since the last flush count before the bar acts on its
+        // range (the flush updates it).
+        if (m_navigator)
+            m_navigator->catchUp();
+        break;
+    default:
+        break;
+    }
+    return QScrollBar::event(event);
+}
+
 void PlotScrollBar::freeze(bool on)
 {
     if (!isEnabled()) {

@@ -35,6 +35,7 @@ public Q_SLOTS:
     void onScaleDivChanged();
 
 protected:
+    bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
