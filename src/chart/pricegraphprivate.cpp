@@ -38,6 +38,7 @@ PriceGraphPrivate::~PriceGraphPrivate()
 {
     tearingDown = true;
     axisBars.setSource(nullptr);
+    scrollBar->setNavigator(nullptr);
     eventSync->clear();
     // A panel's destructor reports back through OnPlotClose, which edits
     // `panels`: walk a copy.

@@ -62,6 +62,7 @@ void PlotScrollBar::setNavigator(PlotNavigator *navigator)
     disconnect(m_scaleConnection);
     m_navigator = navigator;
     m_plot = navigator ? navigator->plot() : nullptr;
+    m_watched = m_plot.data();
     if (!m_plot)
         return;
     m_plot->installEventFilter(this);
@@ -152,7 +153,9 @@ void PlotScrollBar::freeze(bool on)
 
 bool PlotScrollBar::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched != m_plot)
+    // Compared as objects: the panel may be half destroyed when its last
+    // events pass here.
+    if (m_plot.isNull() || watched != m_watched)
         return QScrollBar::eventFilter(watched, event);
     if (event->type() == ChartEvents::scroll()) {
         const auto *e = static_cast<PlotScrollEvent *>(event);

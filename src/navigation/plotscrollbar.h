@@ -44,6 +44,7 @@ private:
 
     QPointer<PlotNavigator> m_navigator;
     QPointer<QwtPlot> m_plot;
+    QObject *m_watched = nullptr; // m_plot as the object the filter sees
     QMetaObject::Connection m_scaleConnection;
     double m_minX = 0.0;
     double m_maxX = 0.0;
