@@ -1,11 +1,13 @@
 #include "fuzzdriver.h"
 
+#include "axisbars.h"
 #include "barseries.h"
 #include "fuzzchart.h"
 #include "markgesture.h"
 #include "markregistry.h"
 #include "orderentrysink.h"
 #include "plot.h"
+#include "plotscrollbar.h"
 #include "pricegraphprivate.h"
 #include "sampletimetable.h"
 
@@ -441,6 +443,12 @@ void FuzzDriver::stepOp(int op)
         markHazard();
         checkMarks("mark hazard", true);
         break;
+    case 76:
+        panelShuffle();
+        break;
+    case 77:
+        moveWhileBusy();
+        break;
     default:
         // Navigation is where the hostile view states come from: weight it.
         switch (m_in.byte() % 4) {
@@ -471,12 +479,30 @@ void FuzzDriver::called(const char *what)
 void FuzzDriver::check(const char *what)
 {
     PriceGraphPrivate *d = PriceGraphPrivate::get(m_chart);
-    const QList<Plot *> panels = m_chart->GetAllPanel();
+    // Not GetAllPanel(): it takes pending data into the view, which a check
+    // must not do.
+    const QList<Plot *> panels = PriceGraphPrivate::allPanels(m_chart);
     if (!d->splitter)
         qFatal("invariant: no splitter after %s", what);
     if (m_chart->GetPanelCount() != panels.count() || d->splitter->count() != panels.count())
         qFatal("invariant: %d panels but %d in the splitter after %s", int(panels.count()),
                d->splitter->count(), what);
+    // The time axis stands on bars of a panel that is still there, and the
+    // scroll bar serves one; no two panels print dates.
+    const BarSeries *axis = d->axisBars.source();
+    bool axisFound = !axis;
+    int dateAxes = 0;
+    for (Plot *p : panels) {
+        axisFound = axisFound || p->barSeries() == axis;
+        dateAxes += p->axisEnabled(QwtPlot::xBottom);
+    }
+    if (!axisFound)
+        qFatal("invariant: the time axis stands on bars of no panel after %s", what);
+    if (dateAxes > 1)
+        qFatal("invariant: %d panels print dates after %s", dateAxes, what);
+    QwtPlot *served = d->scrollBar->plot();
+    if (panels.isEmpty() ? served != nullptr : !panels.contains(static_cast<Plot *>(served)))
+        qFatal("invariant: the scroll bar serves no panel of the chart after %s", what);
     for (Plot *p : panels) {
         if (d->splitter->indexOf(p) < 0)
             qFatal("invariant: a panel is missing from the splitter after %s", what);
@@ -538,7 +564,7 @@ void FuzzDriver::checkMarks(const char *what, bool gestureOver)
 // Nothing non-finite may reach Qwt: every item's data and every marker.
 void FuzzDriver::checkSeries(const char *what)
 {
-    const QList<Plot *> panels = m_chart->GetAllPanel();
+    const QList<Plot *> panels = PriceGraphPrivate::allPanels(m_chart);
     for (Plot *p : panels) {
         for (QwtPlotItem *item : p->itemList()) {
             if (auto *marker = dynamic_cast<QwtPlotMarker *>(item)) {

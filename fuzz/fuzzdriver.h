@@ -46,10 +46,12 @@ public:
     static const int MaxHeavy = 4;
     // Every mark filters every event: more would only slow an input down.
     static const int MaxMarks = 40;
+    static const int MaxMoves = 8; // panel moves and volume switches among feeds (76, 77)
     // Operation codes: 0..63 the chart's members, gestures and renders;
     // 64..67 drawing tools, 68..71 read-outs and annotations, 72..75 saved
-    // drawings, 76..79 bulk history and panel moves. A code without an
-    // operation yet falls to navigation.
+    // drawings, 76..79 bulk history and panel moves (76 panel moves among
+    // feeds and navigation, 77 panel moves during a drag and ticks). A code
+    // without an operation yet falls to navigation.
     static const int OpCount = 80;
 
 private:
@@ -78,6 +80,8 @@ private:
     void key();
     void closePanel();
     void removeSomePanels();
+    void panelShuffle();
+    void moveWhileBusy();
     void render();
     // drawing tools (codes 64..67)
     void drawGesture();
@@ -98,6 +102,7 @@ private:
     uint64_t m_calls = 0;
     int m_renders = 0;
     int m_heavy = 0;
+    int m_moves = 0;
     double m_lastTime = 2459000.5;
     char m_scratch[40];
     std::string m_owned;

@@ -7,6 +7,8 @@
 
 #include <QApplication>
 #include <QImage>
+
+#include <qwt_plot_canvas.h>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
@@ -14,7 +16,7 @@
 
 #include <cmath>
 
-// Batches of bars, user gestures and renders.
+// Batches of bars, panel moves among feeds, user gestures and renders.
 
 // A run of well-formed bars at a steady pace, as a feed delivers them:
 // builds the long histories that navigation and drawing then work on.
@@ -166,6 +168,121 @@ void FuzzDriver::removeSomePanels()
     }
     m_chart->removePannels(doomed);
     called("removePannels");
+}
+
+// Panels moved among feeds, navigation and volume switches, the price series
+// cleared and fed again or moved to another panel: the time axis, the view,
+// the scroll bar and the date axis must follow every step.
+void FuzzDriver::panelShuffle()
+{
+    const int steps = 1 + m_in.byte() % 4;
+    for (int i = 0; i < steps; ++i) {
+        switch (m_in.byte() % 6) {
+        case 0: {
+            const long from = pickPanel();
+            const long to = pickPanel();
+            if (++m_moves > MaxMoves)
+                break;
+            m_chart->MoveChartPanel(from, to);
+            called("MoveChartPanel (shuffle)");
+            break;
+        }
+        case 1: {
+            const double t = pickTime();
+            const double p = pickPrice();
+            m_chart->AppendOHLC(m_in.flag() ? "OHLC" : "volume", t, m_in.flag(), p, p * 1.01,
+                                p * 0.99, p, pickLong());
+            called("AppendOHLC (shuffle)");
+            break;
+        }
+        case 2:
+            m_chart->AppendValue("MA*255#x", pickTime(), pickPrice(), m_in.flag());
+            called("AppendValue (shuffle)");
+            break;
+        case 3:
+            switch (m_in.byte() % 4) {
+            case 0: m_chart->ScrollLeft(pickLong()); called("ScrollLeft (shuffle)"); break;
+            case 1: m_chart->ScrollRight(pickLong()); called("ScrollRight (shuffle)"); break;
+            case 2: m_chart->ZoomIn(1); called("ZoomIn (shuffle)"); break;
+            default: m_chart->ZoomOut(1); called("ZoomOut (shuffle)"); break;
+            }
+            break;
+        case 4: {
+            const bool on = m_in.flag();
+            if (++m_moves > MaxMoves)
+                break;
+            m_chart->ShowVolume(on);
+            called("ShowVolume (shuffle)");
+            break;
+        }
+        default:
+            // Another symbol: cleared and fed again, or the prices taken
+            // off their panel and added to another one.
+            if (m_in.flag()) {
+                m_chart->ClearValues("OHLC");
+                called("ClearValues (shuffle)");
+            } else {
+                long panel = pickPanel();
+                if (panel >= MaxPanels && panel <= 64)
+                    panel = 0;
+                m_chart->RemoveSeries("OHLC");
+                called("RemoveSeries (shuffle)");
+                if (++m_moves <= MaxMoves) {
+                    m_chart->AddSeries(QStringLiteral("OHLC"), 0, panel, 0, 0, false);
+                    called("AddSeries (shuffle)");
+                }
+            }
+            feedBatch();
+            break;
+        }
+    }
+}
+
+// The host moves panels while the user drags a canvas and ticks arrive.
+void FuzzDriver::moveWhileBusy()
+{
+    const QList<QwtPlotCanvas *> canvases = m_chart->findChildren<QwtPlotCanvas *>();
+    QPointer<QWidget> canvas = canvases.isEmpty() ? nullptr
+                                                  : canvases.at(m_in.byte() % canvases.size());
+    QPoint p = canvas ? pickPoint(canvas) : QPoint();
+    const auto send = [&](QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons held) {
+        if (!canvas)
+            return;
+        QMouseEvent ev(type, p, canvas->mapToGlobal(p), button, held, Qt::NoModifier);
+        QApplication::sendEvent(canvas, &ev);
+        check("mouse event (busy)");
+    };
+    send(QEvent::MouseButtonPress, Qt::LeftButton, Qt::LeftButton);
+    const int steps = 1 + m_in.byte() % 4;
+    for (int i = 0; i < steps; ++i) {
+        p += QPoint(int8_t(m_in.byte()), int8_t(m_in.byte()));
+        send(QEvent::MouseMove, Qt::NoButton, Qt::LeftButton);
+        switch (m_in.byte() % 3) {
+        case 0: {
+            const long from = pickPanel();
+            const long to = pickPanel();
+            if (++m_moves > MaxMoves)
+                break;
+            m_chart->MoveChartPanel(from, to);
+            called("MoveChartPanel (busy)");
+            break;
+        }
+        case 1: {
+            const double price = pickPrice();
+            m_chart->EditOHLC("OHLC", m_lastTime, true, price, price, price, price, 1);
+            called("EditOHLC (busy)");
+            m_chart->DrawTickLine(price, 0);
+            called("DrawTickLine (busy)");
+            break;
+        }
+        default:
+            m_chart->DrawPositionLine(pickPanel(), pickPrice(), 1, m_in.flag() ? "Buy-1" : "Sell-2",
+                                      0, nullptr, nullptr, nullptr);
+            called("DrawPositionLine (busy)");
+            break;
+        }
+    }
+    send(QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton);
 }
 
 void FuzzDriver::render()

@@ -51,3 +51,18 @@ for i in range(6):
                  else draw_rng.getrandbits(8) for _ in range(draw_rng.randrange(200, 1200)))
     with open(os.path.join(out, "seed-draw-%02d" % i), "wb") as f:
         f.write(prefix + tail)
+
+# Panels moved among feeds, navigation and drags (operations 76 and 77) on a
+# loaded three-panel chart. Arguments are drawn mostly from the two
+# operation codes themselves, so that whatever an operation reads, the next
+# one is likely one of them again.
+rng = random.Random(20261123)
+for i in range(6):
+    prefix = (add_series(OHLC, 1) + add_series(VOLUME, 3) + add_series(MA, 5)
+              + feed(rng.randrange(100, 600), i % 6, rng.randrange(100, 8000), 1,
+                     rng.getrandbits(32))
+              + position_line(BUY, 2100))
+    tail = bytes(rng.choice([76, 77, 76, 77, rng.randrange(0, 256)])
+                 for _ in range(rng.randrange(200, 600)))
+    with open(os.path.join(out, "moves-%02d" % i), "wb") as f:
+        f.write(prefix + tail)

@@ -47,7 +47,8 @@ class tst_ChartControls : public QObject
     void verifyLayout()
     {
         const QList<Plot *> panels = chart->GetAllPanel();
-        QCOMPARE(PriceGraphPrivate::eventSyncOf(chart)->panels(), panels);
+        QCOMPARE(PriceGraphPrivate::eventSyncOf(chart)->plots(),
+                 QList<QwtPlot *>(panels.begin(), panels.end()));
         QCOMPARE(bar->plot(), panels.value(0));
         for (int i = 0; i < panels.size(); ++i) {
             QCOMPARE(panels[i]->sizePolicy().verticalStretch(), i == 0 ? 2 : 1);

@@ -170,6 +170,51 @@ private Q_SLOTS:
         verifyLanding(expect, before);
     }
 
+    // When every bar fits the canvas, scrolling has nothing to show: the bars
+    // stay where they are (they used to jump from one side to the other).
+    void allBarsFitNothingMoves_data()
+    {
+        QTest::addColumn<int>("bars");
+        QTest::addColumn<int>("zoomOuts");
+        QTest::addColumn<QString>("move");
+        QTest::newRow("20 bars, ScrollLeft") << 20 << 0 << "left";
+        QTest::newRow("20 bars, ScrollRight") << 20 << 0 << "right";
+        QTest::newRow("20 bars, arrow keys") << 20 << 0 << "keys";
+        QTest::newRow("300 bars zoomed out, ScrollLeft") << 300 << 3 << "left";
+        QTest::newRow("300 bars zoomed out, arrow keys") << 300 << 3 << "keys";
+    }
+    void allBarsFitNothingMoves()
+    {
+        QFETCH(int, bars);
+        QFETCH(int, zoomOuts);
+        QFETCH(QString, move);
+        TestChart small;
+        small.resize(1000, 600);
+        small.AddSeries(QStringLiteral("OHLC"), 0, 0, 0, 0, false);
+        small.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&small));
+        QVERIFY(setCanvasWidth(small, 800));
+        feedBars(small, 0, bars);
+        Plot *p = mainPanel(small);
+        QTRY_VERIFY(nav(p)->hasView());
+        for (int i = 0; i < zoomOuts; ++i)
+            small.ZoomOut(1);
+        QVERIFY(nav(p)->limits().span() < nav(p)->visibleSpan()); // everything fits
+        const QwtInterval before = shown(p);
+        for (int i = 0; i < 3; ++i) {
+            if (move == QLatin1String("left")) {
+                small.ScrollLeft(5);
+            } else if (move == QLatin1String("right")) {
+                small.ScrollRight(5);
+            } else {
+                QTest::keyClick(p->canvas(), Qt::Key_Left);
+                QCOMPARE(shown(p), before);
+                QTest::keyClick(p->canvas(), Qt::Key_Right);
+            }
+            QCOMPARE(shown(p), before);
+        }
+    }
+
     void zoomSteps_data()
     {
         QTest::addColumn<bool>("in");

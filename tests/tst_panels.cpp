@@ -32,7 +32,7 @@ private Q_SLOTS:
         QCOMPARE(chart->GetPanelCount(), 3L);
         PriceGraphPrivate *d = PriceGraphPrivate::get(chart.data());
         QCOMPARE(d->splitter->count(), 3);
-        QCOMPARE(d->eventSync->panels(), d->panels);
+        QCOMPARE(d->eventSync->plots(), QList<QwtPlot *>(d->panels.begin(), d->panels.end()));
         QCOMPARE(d->scrollBar->plot(), d->panels.first());
         for (Plot *p : d->panels) {
             QCOMPARE(p->sizePolicy().horizontalPolicy(), QSizePolicy::Ignored);
@@ -119,7 +119,7 @@ private Q_SLOTS:
         Plot *second = d->panels.at(1);
         delete second;
         QCOMPARE(chart->GetPanelCount(), 1L);
-        QVERIFY(!d->eventSync->panels().contains(second));
+        QVERIFY(!d->eventSync->plots().contains(second));
     }
 
 private:

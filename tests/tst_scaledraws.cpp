@@ -1,5 +1,5 @@
-// Axis labels: dates from the main panel's bars, prices by the fixed-width
-// truncation rule.
+// Axis labels: dates from the bars of the chart's time axis, prices by the
+// fixed-width truncation rule.
 #include <QtTest>
 
 #include "datescaledraw.h"
@@ -9,6 +9,7 @@
 #include "pricegraphprivate.h"
 #include "pricelabeltext.h"
 #include "scaledrawwithprecision.h"
+#include "timescale.h"
 
 #include <qwt_scale_widget.h>
 
@@ -120,7 +121,9 @@ private Q_SLOTS:
             feedDays(*expected, "OHLC", Jan2020, 0, 300);
         }
         const QImage want = drawnDates(*expected, chart.get());
-        QVERIFY(want != before); // the dates shown do change
+        // Older history moves the view with its bars: the same dates stay.
+        if (!older)
+            QVERIFY(want != before); // the dates shown do change
         QCOMPARE(drawnDates(*chart), want);
     }
 
@@ -140,8 +143,8 @@ private Q_SLOTS:
         QFETCH(double, interval);
         QFETCH(QString, label);
         PriceGraph chart;
-        DateScaleDraw orphan(&chart, nullptr);
-        QVERIFY(orphan.label(0.0).isEmpty()); // no panel yet
+        DateScaleDraw orphan(nullptr);
+        QVERIFY(orphan.label(0.0).isEmpty()); // no time axis
         chart.AddSeries(QStringLiteral("OHLC"), 0, 0, 0, 0, false);
         chart.AddSeries(QStringLiteral("MA"), 0, 1, 0, 0, false);
         chart.SetInterval(interval);

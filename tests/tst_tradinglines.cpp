@@ -312,39 +312,79 @@ private Q_SLOTS:
 
     // ---- merging boxes at one price -------------------------------------
 
-    void stackAtOnePrice()
+    // Orders at one price: their boxes stack beside their line, the first
+    // on the line, the others away from the nearer canvas edge, all inside
+    // the canvas (20 px boxes, 12 px apart: 84 px for three).
+    void stackBesideItsLine_data()
     {
+        QTest::addColumn<int>("lineY");
+        QTest::addColumn<QList<int>>("tops"); // Buy-1, Buy-2, Sell-3
+        QTest::newRow("upper half: downwards") << 60 << QList<int>{50, 82, 114};
+        QTest::newRow("lower half: upwards") << 240 << QList<int>{230, 198, 166};
+        QTest::newRow("at the top edge") << 3 << QList<int>{0, 32, 64};
+        QTest::newRow("at the bottom edge") << 295 << QList<int>{280, 248, 216};
+    }
+    void stackBesideItsLine()
+    {
+        QFETCH(int, lineY);
+        QFETCH(QList<int>, tops);
         setCanvasHeight(300);
-        draw("Buy-1", 1.25);
+        const double price = panel()->canvasMap(QwtPlot::yRight).invTransform(lineY);
+        draw("Buy-1", price);
         OrderLine *first = line<OrderLine>("Buy-1");
         QVERIFY(first->buttonFollowsMouse());
         QCOMPARE(first->widgets().size(), 1);
         QCOMPARE(first->widgets().first().data(), first);
 
-        draw("Buy-2", 1.25);
-        draw("Sell-3", 1.25);
-        QList<int> tops;
+        draw("Buy-2", price);
+        draw("Sell-3", price);
+        QList<int> actual;
         for (const char *id : {"Buy-1", "Buy-2", "Sell-3"}) {
             OrderLine *o = line<OrderLine>(id);
             QCOMPARE(o->button()->height(), 20);
             QVERIFY(!o->buttonFollowsMouse());
             QCOMPARE(o->widgets().size(), 3);
-            tops << o->button()->y();
+            actual << o->button()->y();
         }
-        QCOMPARE(tops, QList<int>({108, 140, 172}));
+        QCOMPARE(actual, tops);
+    }
 
-        // One leaves: the two left are stacked again around the centre.
+    void stackFollowsItsLine()
+    {
+        setCanvasHeight(300);
+        const double price = panel()->canvasMap(QwtPlot::yRight).invTransform(100);
+        for (const char *id : {"Buy-1", "Buy-2", "Sell-3"})
+            draw(id, price);
+        OrderLine *first = line<OrderLine>("Buy-1");
+        const auto onLine = [&](OrderLine *o) {
+            return o->button()->geometry().center().y() == qRound(o->linePixelY())
+                   || o->button()->y() + 10 == qRound(o->linePixelY());
+        };
+        QVERIFY(onLine(first));
+        // A new price scale, a view that rescales the prices, a taller canvas.
+        panel()->setAxisScale(QwtPlot::yRight, 1.0, 1.5);
+        panel()->replot();
+        QVERIFY(onLine(first));
+        chart->ScrollLeft(20);
+        QVERIFY(onLine(first));
+        setCanvasHeight(420);
+        QVERIFY(onLine(first));
+        QCOMPARE(line<OrderLine>("Buy-2")->button()->y(), first->button()->y() + 32);
+
+        // Orders leave one by one: the last one's box is back on its line
+        // and follows the mouse again.
         chart->DeletePositionLine(0, "Buy-2");
-        QCOMPARE(line<OrderLine>("Buy-1")->button()->y(), 124);
-        QCOMPARE(line<OrderLine>("Sell-3")->button()->y(), 156);
-
-        // A user near the line sees the whole group at once.
-        moveTo(first->linePixelY() + 1);
-        QVERIFY(line<OrderLine>("Buy-1")->button()->isVisible());
-        QVERIFY(line<OrderLine>("Sell-3")->button()->isVisible());
-        moveTo(first->linePixelY() + 40);
-        QVERIFY(line<OrderLine>("Buy-1")->button()->isHidden());
-        QVERIFY(line<OrderLine>("Sell-3")->button()->isHidden());
+        QCOMPARE(line<OrderLine>("Sell-3")->button()->y(), first->button()->y() + 32);
+        chart->DeletePositionLine(0, "Sell-3");
+        QVERIFY(first->buttonFollowsMouse());
+        QVERIFY(onLine(first));
+        // A line that moves away from its group leaves it.
+        draw("Buy-4", first->yValue());
+        QVERIFY(!first->buttonFollowsMouse());
+        draw("Buy-4", first->yValue() + 0.01);
+        QVERIFY(first->buttonFollowsMouse());
+        QVERIFY(line<OrderLine>("Buy-4")->buttonFollowsMouse());
+        QVERIFY(onLine(first));
     }
 
     void notGrouped_data()

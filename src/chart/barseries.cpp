@@ -1,5 +1,7 @@
 #include "barseries.h"
 
+#include "timescale.h"
+
 #include <QDebug>
 
 #include <algorithm>
@@ -68,11 +70,14 @@ BarSeries::Result BarSeries::add(double time, double o, double h, double l, doub
         col->insert(col->begin() + i, 0.0);
     store(i, o, h, l, c, v);
     m_table.updating = false;
-    if (append)
+    if (append) {
         updateBlockOf(i);
-    else
-        rebuildBlocksFrom(i);
-    return append ? Appended : Inserted;
+        return Appended;
+    }
+    rebuildBlocksFrom(i);
+    if (m_scale)
+        m_scale->noteInserted(i, 1);
+    return Inserted;
 }
 
 BarSeries::Result BarSeries::editLast(double time, double o, double h, double l, double c,
@@ -91,12 +96,15 @@ BarSeries::Result BarSeries::editLast(double time, double o, double h, double l,
 
 void BarSeries::clear()
 {
+    const bool had = !isEmpty();
     m_table.clear();
     for (auto *col : {&m_open, &m_high, &m_low, &m_close, &m_volume, &m_blockLow,
                       &m_blockHigh, &m_blockVolume}) {
         col->clear();
         col->shrink_to_fit();
     }
+    if (had && m_scale)
+        m_scale->noteReset();
 }
 
 bool BarSeries::setVolume(int i, double v)

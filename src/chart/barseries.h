@@ -7,6 +7,8 @@
 
 #include <vector>
 
+class TimeScale;
+
 // The price bars of one panel: one copy of the samples, stored by column.
 //
 // Bar i sits at x = i in time order; its plotting time is times().timeAt(i).
@@ -34,6 +36,10 @@ public:
     Result editLast(double time, double open, double high, double low, double close,
                     double volume);
     void clear();
+    // The time axis these bars give, told about inserted bars and about
+    // clearing (null: none).
+    void setTimeScale(TimeScale *scale) { m_scale = scale; }
+    TimeScale *timeScale() const { return m_scale; }
     // Sets the volume of bar i (negative volumes become 0). False, with a
     // debug line, for an index outside the bars or a non-finite volume.
     bool setVolume(int i, double volume);
@@ -86,6 +92,7 @@ private:
     SampleTimeTable m_table;
     std::vector<double> m_open, m_high, m_low, m_close, m_volume;
     std::vector<double> m_blockLow, m_blockHigh, m_blockVolume;
+    TimeScale *m_scale = nullptr;
 };
 
 #endif // BARSERIES_H

@@ -2,6 +2,7 @@
 
 #include "plot.h"
 #include "pricegraphprivate.h"
+#include "timescale.h"
 
 #include <QDateTime>
 #include <qwt_date.h>
@@ -9,9 +10,8 @@
 
 #include <cmath>
 
-DateScaleDraw::DateScaleDraw(PriceGraph *chart, Plot *panel)
-    : m_chart(chart)
-    , m_panel(panel)
+DateScaleDraw::DateScaleDraw(const TimeScale *times)
+    : m_times(times)
 {
     setSpacing(5.0);
     setMinimumExtent(24.0);
@@ -33,13 +33,12 @@ QwtText DateScaleDraw::label(double value) const
         m_labelled = true;
         ++s_labelled;
     }
-    Plot *main = m_chart ? PriceGraphPrivate::mainPanel(m_chart) : nullptr;
-    if (!main || !std::isfinite(value) || std::fabs(value) > 2e9)
+    if (!m_times || !std::isfinite(value) || std::fabs(value) > 2e9)
         return QwtText();
-    const double time = main->timeAtIndex(long(value));
+    const double time = m_times->timeAt(std::trunc(value));
     if (!(time > 0.0))
         return QwtText();
-    const double interval = main->getInterval();
+    const double interval = m_times->interval();
     QString format = QStringLiteral("MM");
     if (interval > 0.0 && interval < 86400000.0)
         format = QStringLiteral("hh:mm");

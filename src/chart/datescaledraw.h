@@ -3,15 +3,16 @@
 
 #include "colorscaledraw.h"
 
-class Plot;
 class PriceGraph;
+class TimeScale;
 
-// Bottom axis: the tick at bar index i is labelled with the time of the
-// main panel's bar i, in a format chosen by the bar interval.
+// Bottom axis: the tick at bar index i is labelled with the time of bar i
+// of the chart's time axis (the price bars, wherever their panel stands),
+// in a format chosen by the bar interval.
 class DateScaleDraw : public ColorScaleDraw
 {
 public:
-    DateScaleDraw(PriceGraph *chart, Plot *panel);
+    explicit DateScaleDraw(const TimeScale *times);
     ~DateScaleDraw() override;
 
     QwtText label(double value) const override;
@@ -31,8 +32,7 @@ public:
     static bool anyLabels() { return s_labelled > 0; }
 
 private:
-    PriceGraph *m_chart;
-    Plot *m_panel;
+    const TimeScale *m_times;
     // Set once a label was made, cleared when they are dropped: a load of
     // many bars with nothing drawn in between costs no invalidation.
     mutable bool m_labelled = false;

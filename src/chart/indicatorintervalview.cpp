@@ -2,12 +2,12 @@
 
 #include "barseries.h"
 #include "indicatorseries.h"
-#include "plot.h"
+#include "panelbars.h"
 
 #include <algorithm>
 
-IndicatorIntervalView::IndicatorIntervalView(const Plot *panel, const IndicatorSeries *points)
-    : m_panel(panel)
+IndicatorIntervalView::IndicatorIntervalView(const PanelBars *bars, const IndicatorSeries *points)
+    : m_bars(bars)
     , m_points(points)
 {
 }
@@ -21,14 +21,14 @@ QwtIntervalSample IndicatorIntervalView::sample(size_t i) const
 {
     const int k = int(i);
     const double a = m_points->low(k), b = m_points->value(k);
-    return QwtIntervalSample(m_points->xAt(k, m_panel->axisBars()->timeTable()), std::min(a, b),
+    return QwtIntervalSample(m_points->xAt(k, m_bars->times()), std::min(a, b),
                              std::max(a, b));
 }
 
 QRectF IndicatorIntervalView::boundingRect() const
 {
     double x0, x1, lo, hi;
-    if (!m_points->extent(m_panel->axisBars()->timeTable(), x0, x1, lo, hi))
+    if (!m_points->extent(m_bars->times(), x0, x1, lo, hi))
         return QRectF(1.0, 1.0, -2.0, -2.0);
     // Qwt's layout for interval data: values along x, positions along y;
     // the vertical interval curve swaps them.

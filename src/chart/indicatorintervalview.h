@@ -4,21 +4,21 @@
 #include <qwt_series_data.h>
 
 class IndicatorSeries;
-class Plot;
+class PanelBars;
 
 // An interval indicator's points as [low, value] (ordered) at x, read in
 // place; x comes from the panel's bar axis at draw time.
 class IndicatorIntervalView : public QwtSeriesData<QwtIntervalSample>
 {
 public:
-    IndicatorIntervalView(const Plot *panel, const IndicatorSeries *points);
+    IndicatorIntervalView(const PanelBars *bars, const IndicatorSeries *points);
 
     size_t size() const override;
     QwtIntervalSample sample(size_t i) const override;
     QRectF boundingRect() const override;
 
 private:
-    const Plot *m_panel;
+    const PanelBars *m_bars;
     const IndicatorSeries *m_points;
 };
 

@@ -2,10 +2,10 @@
 
 #include "barseries.h"
 #include "indicatorseries.h"
-#include "plot.h"
+#include "panelbars.h"
 
-IndicatorLineView::IndicatorLineView(const Plot *panel, const IndicatorSeries *points)
-    : m_panel(panel)
+IndicatorLineView::IndicatorLineView(const PanelBars *bars, const IndicatorSeries *points)
+    : m_bars(bars)
     , m_points(points)
 {
 }
@@ -18,13 +18,13 @@ size_t IndicatorLineView::size() const
 QPointF IndicatorLineView::sample(size_t i) const
 {
     const int k = int(i);
-    return QPointF(m_points->xAt(k, m_panel->axisBars()->timeTable()), m_points->value(k));
+    return QPointF(m_points->xAt(k, m_bars->times()), m_points->value(k));
 }
 
 QRectF IndicatorLineView::boundingRect() const
 {
     double x0, x1, lo, hi;
-    if (!m_points->extent(m_panel->axisBars()->timeTable(), x0, x1, lo, hi))
+    if (!m_points->extent(m_bars->times(), x0, x1, lo, hi))
         return QRectF(1.0, 1.0, -2.0, -2.0);
     return QRectF(x0, lo, x1 - x0, hi - lo);
 }

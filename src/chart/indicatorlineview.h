@@ -4,14 +4,14 @@
 #include <qwt_series_data.h>
 
 class IndicatorSeries;
-class Plot;
+class PanelBars;
 
 // An indicator's points as (x, value), read in place; x comes from the
 // panel's bar axis at draw time (see IndicatorSeries).
 class IndicatorLineView : public QwtSeriesData<QPointF>
 {
 public:
-    IndicatorLineView(const Plot *panel, const IndicatorSeries *points);
+    IndicatorLineView(const PanelBars *bars, const IndicatorSeries *points);
 
     size_t size() const override;
     QPointF sample(size_t i) const override;
@@ -19,7 +19,7 @@ public:
     QRectF boundingRect() const override;
 
 private:
-    const Plot *m_panel;
+    const PanelBars *m_bars;
     const IndicatorSeries *m_points;
 };
 

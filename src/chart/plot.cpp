@@ -1,9 +1,13 @@
 #include "plot.h"
 
+#include "axisbars.h"
 #include "barseries.h"
 #include "chartevents.h"
 #include "datescaledraw.h"
+#include "dayseparators.h"
+#include "eventsync.h"
 #include "markgesture.h"
+#include "panelbars.h"
 #include "plotcanvas.h"
 #include "plotgrid.h"
 #include "plotnavigator.h"
@@ -16,16 +20,15 @@
 #include "scaledrawwithprecision.h"
 #include "seriesfeed.h"
 #include "seriesrecord.h"
+#include "timescale.h"
 #include "tradingcurve.h"
 
 #include <QCoreApplication>
-#include <QDateTime>
 #include <QDebug>
 #include <QKeyEvent>
 #include <QTimerEvent>
 #include <QWheelEvent>
 
-#include <qwt_date.h>
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_curve.h>
 #include <qwt_plot_grid.h>
@@ -48,8 +51,17 @@ Plot::Plot(PriceGraph *owner, QWidget *parent)
     // Colours start invalid; setup gives the panel its defaults.
     priceLines = new PlotPriceLinesData(this);
     bars = new BarSeries;
+    AxisBars *axis = PriceGraphPrivate::axisBarsOf(chart);
+    if (!axis) {
+        // Outside a chart the panel's own bars give its time axis.
+        axis = m_ownAxis = new AxisBars;
+        m_ownAxis->setSource(bars);
+    }
+    m_times = axis->timeScale();
+    m_panelBars = new PanelBars(bars, axis);
+    m_separators = new DaySeparators(this);
     m_feed = new SeriesFeed(this);
-    navigator = new PlotNavigator(this);
+    navigator = new PlotNavigator(this, this, m_times);
     m_marks = new MarkGesture(this, chart ? PriceGraphPrivate::markRegistryOf(chart) : nullptr);
     leftInset = 10;
     cursorStyle = -1;
@@ -67,20 +79,27 @@ Plot::~Plot()
     priceLines = nullptr;
     if (chart)
         PriceGraphPrivate::plotClosed(chart, this);
+    // The chart's time axis must not outlive the bars it reads.
+    if (AxisBars *axis = PriceGraphPrivate::axisBarsOf(chart)) {
+        if (axis->source() == bars)
+            axis->setSource(nullptr);
+    }
     qDeleteAll(seriesByName);
     seriesByName.clear();
     delete tradingCurve;
     delete lineCurve;
     delete volumeHistogram;
-    qDeleteAll(daySeparators);
+    delete m_separators;
     delete navigator;
     delete m_feed;
+    delete m_panelBars;
+    delete m_ownAxis;
     delete bars;
 }
 
 void Plot::setup()
 {
-    DateScaleDraw *dateDraw = new DateScaleDraw(chart, this);
+    DateScaleDraw *dateDraw = new DateScaleDraw(m_times);
     enableAxis(QwtPlot::yLeft, false);
     enableAxis(QwtPlot::yRight, true);
     setAxisScaleDraw(QwtPlot::xBottom, dateDraw);
@@ -101,7 +120,7 @@ void Plot::setup()
     grid->setMajorPen(gridColor, 0, Qt::SolidLine);
 
     chartType = 0;
-    panner = new QwtPlotPannerX(canvas(), this);
+    panner = new QwtPlotPannerX(canvas(), navigator);
     canvas()->setMouseTracking(true);
     canvas()->installEventFilter(this);
     setCursorStyle(3);
@@ -199,6 +218,21 @@ void Plot::setPriceLineColor(const QColor &c)
     priceLineColor = c;
     priceLines->setPriceLineColor(c, 1);
     replot();
+}
+
+void Plot::setInterval(double ms)
+{
+    m_times->setInterval(ms);
+}
+
+double Plot::getInterval() const
+{
+    return m_times->interval();
+}
+
+const QVector<QwtPlotMarker *> &Plot::getDaySeparators() const
+{
+    return m_separators->markers();
 }
 
 int Plot::priceDecimals() const
@@ -354,16 +388,20 @@ SeriesRecord *Plot::series(const QString &name) const
 
 BarSeries *Plot::axisBars() const
 {
-    if (tradingCurve || !bars->isEmpty())
-        return bars;
-    Plot *main = chart ? PriceGraphPrivate::mainPanel(chart) : nullptr;
-    if (main && main != this && (main->tradingCurve || !main->bars->isEmpty()))
-        return main->bars;
-    return bars;
+    return m_panelBars->axis();
 }
 
-void Plot::AddSeries(QString name, long) { m_feed->addSeries(name); }
-void Plot::RemoveSeries(QString name) { m_feed->removeSeries(name); }
+void Plot::AddSeries(QString name, long)
+{
+    m_feed->addSeries(name);
+    PriceGraphPrivate::seriesChanged(chart); // the time axis may stand on other bars now
+}
+
+void Plot::RemoveSeries(QString name)
+{
+    m_feed->removeSeries(name);
+    PriceGraphPrivate::seriesChanged(chart);
+}
 
 void Plot::AppendOHLC(QString name, double time, bool show, double open, double high,
                       double low, double close, long volume)
@@ -401,8 +439,13 @@ void Plot::ClearValues(QString name)
 
 void Plot::FlushTa()
 {
-    // Day separators and the volume scale are brought up to date by
-    // replot(), which the navigation's range update runs.
+    // The whole chart flushes at once, so that the leading panel decides
+    // where the view goes whichever panel's series asked. Day separators
+    // and the volume scale are brought up to date by replot().
+    if (EventSync *group = navigator->group()) {
+        group->flush();
+        return;
+    }
     const quint64 before = m_replots;
     navigator->dataChanged();
     if (m_replots == before)
@@ -411,7 +454,9 @@ void Plot::FlushTa()
 
 void Plot::scheduleReplot()
 {
-    if (!replotTimer)
+    if (EventSync *group = navigator->group())
+        group->requestFlush();
+    else if (!replotTimer)
         replotTimer = startTimer(0);
 }
 
@@ -429,13 +474,15 @@ void Plot::timerEvent(QTimerEvent *event)
 void Plot::replot()
 {
     ++m_replots;
+    const double interval = getInterval();
     const bool separators = interval > 0.0 && interval < 86400000.0;
     const bool volumeOverlay = tradingCurve && volumeHistogram;
-    if (separators || volumeOverlay || !daySeparators.isEmpty()) {
+    if (separators || volumeOverlay || !getDaySeparators().isEmpty()) {
         const bool autoRefresh = autoReplot();
         setAutoReplot(false); // the changes below must not replot from inside
         updateAxes();         // the x scale this replot will show
-        updateDaySeparators();
+        m_separators->update(m_panelBars->times(), interval,
+                             axisScaleDiv(QwtPlot::xBottom).interval());
         const bool rescaled = updateVolumeScale();
         if (!rescaled) {
             // The axes are current: what QwtPlot::replot does without laying
@@ -449,64 +496,6 @@ void Plot::replot()
         setAutoReplot(autoRefresh);
     }
     QwtPlot::replot();
-}
-
-// Markers stand only over the visible bars: the bars in view (plus one
-// before, to tell whether the first of them starts a day) are walked, so a
-// live tick or a scroll costs what is visible, never the history. The list
-// of markers is reused and only grows; unused ones are detached. None are
-// shown on daily and longer charts, nor when the view spans more than
-// MaxSeparatorSpan bars (they would be denser than the pixels).
-void Plot::updateDaySeparators()
-{
-    static const int MaxSeparatorSpan = 20000;
-    static const double Day = 86400000.0;
-    int used = 0;
-    const BarSeries *axis = axisBars();
-    const int n = axis->size();
-    if (interval > 0.0 && interval < Day && n > 0) {
-        const QwtInterval view = axisScaleDiv(QwtPlot::xBottom).interval().normalized();
-        const double lo = std::max(std::floor(view.minValue()), 0.0);
-        const double hi = std::min(std::ceil(view.maxValue()), double(n - 1));
-        if (std::isfinite(lo) && std::isfinite(hi) && hi >= lo && hi - lo <= MaxSeparatorSpan) {
-            const int first = int(lo), last = int(hi);
-            // The UTC date of a plotting time is its whole number of days,
-            // taken after the same nudge as the axis labels (a Julian
-            // midnight converts to a hair before it).
-            const auto dayOf = [axis](int i) {
-                return std::floor(DateScaleDraw::nudge(axis->time(i)) / Day);
-            };
-            double previous = first > 0 ? dayOf(first - 1) : NAN;
-            for (int i = first; i <= last; ++i) {
-                const double day = dayOf(i);
-                if (day == previous)
-                    continue;
-                previous = day;
-                if (used == daySeparators.size()) {
-                    // The style is fixed: set once, when the marker is made.
-                    QwtPlotMarker *made = new QwtPlotMarker(QString());
-                    made->setLabelAlignment(Qt::AlignRight | Qt::AlignTop);
-                    made->setLabelOrientation(Qt::Horizontal);
-                    made->setLineStyle(QwtPlotMarker::VLine);
-                    made->setLinePen(Qt::darkGray, 0, Qt::DotLine);
-                    made->setAxes(QwtPlot::xBottom, QwtPlot::yRight);
-                    daySeparators.append(made);
-                }
-                QwtPlotMarker *marker = daySeparators.at(used++);
-                // An older bar inserted shifts the bars: label from the time.
-                marker->setLabel(QwtText(
-                    QwtDate::toDateTime(DateScaleDraw::nudge(axis->time(i)), Qt::UTC)
-                        .toString(QStringLiteral("MM/dd"))));
-                marker->setXValue(double(i));
-                if (marker->plot() != this)
-                    marker->attach(this);
-            }
-        }
-    }
-    for (int k = used; k < daySeparators.size(); ++k) {
-        if (daySeparators.at(k)->plot())
-            daySeparators.at(k)->detach();
-    }
 }
 
 // Beside a price series the volume columns take the lower quarter of the
@@ -560,7 +549,7 @@ void Plot::showItem(QwtPlotItem *item, bool on)
 
 double Plot::TimeToIndexSuitable(double time)
 {
-    return axisBars()->timeTable().suitableIndex(time);
+    return m_panelBars->times().suitableIndex(time);
 }
 
 double Plot::indexToTime(double index) const
@@ -651,22 +640,25 @@ double Plot::candleWidth(double x1, double x2) const
 
 // Bars sit at whole x positions, so the neighbours of x are floor(x) and the
 // bar after it; a tie goes to the earlier bar.
+// On a panel without prices of its own the bars are those of the chart's
+// time axis, so the read-out over a volume panel names its candle.
 bool Plot::getYFromX(double x, QwtOHLCSample &y)
 {
-    const int n = bars->size();
+    const BarSeries *axis = axisBars();
+    const int n = axis->size();
     if (n == 0)
         return false;
     if (!(x >= 0.0)) { // left of the first bar, or not a number
-        y = bars->sample(0);
+        y = axis->sample(0);
         return true;
     }
     if (x >= n - 1) {
-        y = bars->sample(n - 1);
+        y = axis->sample(n - 1);
         return true;
     }
     const int lower = int(std::floor(x));
     const bool upperNearer = (lower + 1 - x) < (x - lower);
-    y = bars->sample(upperNearer ? lower + 1 : lower);
+    y = axis->sample(upperNearer ? lower + 1 : lower);
     return true;
 }
 

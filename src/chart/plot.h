@@ -11,8 +11,14 @@
 #include <qwt_plot.h>
 #include <qwt_samples.h>
 
+#include "priceprecision.h"
+#include "viewcontent.h"
+
+class AxisBars;
 class BarSeries;
+class DaySeparators;
 class MarkGesture;
+class PanelBars;
 class PlotNavigator;
 class PlotPriceLinesData;
 class PriceGraph;
@@ -26,6 +32,7 @@ class QwtPlotPannerX;
 class QwtPlotTradingCurve;
 class SeriesFeed;
 class SeriesRecord;
+class TimeScale;
 class TradingCurve;
 
 // One chart panel. The x axis is a bar index (bar i sits at x = i, time gaps
@@ -34,9 +41,13 @@ class TradingCurve;
 // The panel owns its items and data; behaviour is split over helpers so the
 // panel itself stays a thin host: navigation state and arithmetic live in
 // PlotNavigator, order and position lines in PlotPriceLinesData, the series
-// and their feed in SeriesFeed, bar storage in BarSeries, drawing tools in
-// MarkGesture.
-class Plot : public QwtPlot
+// and their feed in SeriesFeed, bar storage in BarSeries, the bars its items
+// stand on in PanelBars, the date lines in DaySeparators, drawing tools in
+// MarkGesture. The helpers see
+// the panel through narrow interfaces only: the navigator through
+// ViewContent, the lines through PricePrecision, the date axis and the views
+// through the chart's TimeScale and PanelBars.
+class Plot : public QwtPlot, public ViewContent, public PricePrecision
 {
     Q_OBJECT
 
@@ -66,13 +77,14 @@ public:
     void setPriceLineColor(const QColor &c);
     QColor getPriceLineColor() const { return priceLineColor; }
 
-    virtual int getLeftInset() const { return leftInset; }
-    void setInterval(double ms) { interval = ms; }
-    double getInterval() const { return interval; }
+    int getLeftInset() const override { return leftInset; }
+    // The bar interval of the chart's time axis (every panel shares it).
+    void setInterval(double ms);
+    double getInterval() const;
     int getChartType() const { return chartType; }
 
     // Price decimals of this panel (the chart's L1 decimals).
-    int priceDecimals() const;
+    int priceDecimals() const override;
 
     // Time mapping. Host times are converted by the facade; these take
     // plotting times (ms since 1970).
@@ -83,24 +95,28 @@ public:
     // Plotting time of bar `index`, or 0 when there is no such bar (labels).
     double timeAtIndex(long index) const;
     // Number of bar positions this panel's series span: its own bars, or the
-    // main panel's for a panel of indicators or volume; 0 with no series.
+    // bars of the chart's time axis for a panel of indicators or volume; 0
+    // with no series.
     int barCount() const;
     // The bars whose indices are this panel's x axis: its own when it holds
-    // a price series (or bars of its own), else the main panel's when that
-    // holds a price series, else its own (empty) bars.
+    // a price series, else those of the chart's time axis (PanelBars).
     BarSeries *axisBars() const;
+    PanelBars *panelBars() const { return m_panelBars; }
+    // The chart's time axis.
+    TimeScale *timeScale() const { return m_times; }
     // Lowest and highest value drawn by this panel's series over the bars
     // [x1, x2]; false when nothing is drawn there.
-    bool valueRange(double x1, double x2, double &low, double &high) const;
+    bool valueRange(double x1, double x2, double &low, double &high) const override;
     // Width in pixels that the trading curve gives a candle when [x1, x2]
     // fills the canvas; 8 when the panel has no trading curve.
-    double candleWidth(double x1, double x2) const;
+    double candleWidth(double x1, double x2) const override;
+    bool hasCandles() const override { return tradingCurve != nullptr; }
 
     BarSeries *barSeries() const { return bars; }
     PlotNavigator *getNavigator() const { return navigator; }
     PlotPriceLinesData *getPriceLines() const { return priceLines; }
     PriceGraph *getChart() const { return chart; }
-    const QVector<QwtPlotMarker *> &getDaySeparators() const { return daySeparators; }
+    const QVector<QwtPlotMarker *> &getDaySeparators() const;
     // The indicator named `name`, or null. An indicator added as "MA*255#x"
     // is named "MA".
     SeriesRecord *series(const QString &name) const;
@@ -110,7 +126,8 @@ public:
     void replot() override;
     quint64 replotCount() const { return m_replots; }
 
-    // Requests one replot from the event loop; a burst of requests costs one.
+    // Requests one flush of the chart (view, then one replot of each panel)
+    // from the event loop; a burst of requests costs one.
     void scheduleReplot();
 
     // Drawing on the canvas (MarkGesture does the work); pos in canvas pixels.
@@ -177,7 +194,6 @@ protected:
 private:
     void setup();
     void applyChartType();
-    void updateDaySeparators();
     bool updateVolumeScale(); // true when the volume axis got a new scale
 
 public:
@@ -186,7 +202,6 @@ public:
     int chartType = 0;              // 0 bars, 1 candles, 2 line
     int cursorStyle = -1;           // -1: not set yet
     QwtPlotPannerX *panner = nullptr;
-    double interval = 0.0;          // bar interval in ms
     PlotNavigator *navigator = nullptr;  // view state and zoom/scroll arithmetic
     int leftInset = 10;
     TradingCurve *tradingCurve = nullptr;
@@ -210,7 +225,10 @@ public:
 
 private:
     BarSeries *bars = nullptr;      // this panel's price bars (times, OHLC, volume)
-    QVector<QwtPlotMarker *> daySeparators;
+    AxisBars *m_ownAxis = nullptr;  // a time axis of its own, for a panel outside a chart
+    TimeScale *m_times = nullptr;   // the chart's time axis
+    PanelBars *m_panelBars = nullptr;
+    DaySeparators *m_separators = nullptr;
     SeriesFeed *m_feed = nullptr;    // which names this panel holds, and their samples
     MarkGesture *m_marks = nullptr;  // drawing on the canvas; owns the marks on this panel
     int replotTimer = 0;

@@ -6,14 +6,17 @@
 #include "overlaywidget.h"
 #include "panelclosebutton.h"
 #include "plot.h"
+#include "plotnavigator.h"
 #include "plotpricelinesdata.h"
 #include "plotscrollbar.h"
 #include "priceline.h"
 #include "pricegraphprivate.h"
+#include "zoombuttons.h"
 
 #include <QDebug>
 #include <QLabel>
 #include <QMutexLocker>
+#include <QPointer>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -83,14 +86,17 @@ long PriceGraph::AddChartPanel()
     Plot *panel = new Plot(this);
     panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     panel->setInterval(d->interval);
+    // A zoom step that reaches or leaves a bound dims or lights its button.
+    connect(panel->getNavigator(), &PlotNavigator::zoomButtonHighlight, d->zoomButtons,
+            &ZoomButtons::setZoomButtonHighlight);
     d->panels.append(panel);
     d->splitter->addWidget(panel);
-    resetLayout();
-    d->eventSync->setPanels(d->panels);
+    d->panelsChanged(); // layout, synchronisation, scroll bar, time axis
     if (d->overlay)
         panel->installEventFilter(d->overlay);
     SetCursorType(d->cursorType);
-    d->scrollBar->setPlot(d->panels.first());
+    // A panel added without series shows the bars the others show, at once.
+    d->eventSync->adopt(panel->getNavigator());
     if (panel != d->panels.first()) {
         Plot *main = d->panels.first();
         panel->setTextColor(main->getTextColor());
@@ -112,36 +118,55 @@ long PriceGraph::GetPanelCount()
 
 void PriceGraph::MoveChartPanel(long from, long to)
 {
-    if (from == to)
-        return;
     QMutexLocker locker(d->mutex);
     const long n = d->panels.count();
     if (from < 0 || from >= n || to < 0 || to >= n) {
         qWarning("PriceGraph::MoveChartPanel(%ld, %ld) ignored: %ld panels.", from, to, n);
         return;
     }
+    if (from == to) {
+        qWarning("PriceGraph::MoveChartPanel(%ld, %ld) ignored: the panel stays where it is.",
+                 from, to);
+        return;
+    }
+    // Whatever was fed before the move is taken into the view first, so the
+    // panel that leads afterwards starts from the view the user saw.
+    d->eventSync->flushPending();
+    Plot *moved = d->panels.at(int(from));
     d->panels.move(int(from), int(to));
-    d->splitter->insertWidget(int(to), d->splitter->widget(int(from)));
-    d->eventSync->setPanels(d->panels);
-    d->scrollBar->setPlot(d->panels.first());
-    resetLayout();
+    d->splitter->insertWidget(int(to), moved);
+    d->panelsChanged();
 }
 
 void PriceGraph::SetChartPanelType(long, long type)
 {
-    QMutexLocker locker(d->mutex);
-    const QList<Plot *> panels = d->panels;
-    for (Plot *p : panels)
-        p->showVolume(type != 0);
+    ShowVolume(type);
 }
 
 void PriceGraph::OnPlotClose(Plot *plot)
 {
-    d->panels.removeOne(plot);
-    d->eventSync->removePanel(plot);
-    // The scroll bar serves the main panel, whichever that is now.
-    d->scrollBar->setPlot(d->panels.value(0));
-    DateScaleDraw::datesChanged(this); // the main panel may be another one now
+    if (!plot || !d->panels.removeOne(plot))
+        return;
+    d->eventSync->removePanel(plot->getNavigator());
+    if (d->tearingDown)
+        return;
+    // The scroll bar, the time axis and the tick line follow the panels that
+    // are left at once; the splitter still holds the panel being destroyed,
+    // so the layout (and the dates) follow once it is gone.
+    d->regroup();
+    if (!d->relayoutQueued) {
+        d->relayoutQueued = true;
+        QPointer<PriceGraph> self(this);
+        QMetaObject::invokeMethod(
+            this,
+            [self]() {
+                if (!self)
+                    return;
+                PriceGraphPrivate::get(self)->relayoutQueued = false;
+                self->resetLayout();
+            },
+            Qt::QueuedConnection);
+    }
 }
 
 void PriceGraph::removePannels(QList<Plot *> &list)
@@ -152,22 +177,29 @@ void PriceGraph::removePannels(QList<Plot *> &list)
     d->eventSync->clear();
     const QList<Plot *> doomed = list;
     for (Plot *p : doomed) {
-        if (d->panels.removeOne(p))
-            delete p;
+        if (d->panels.contains(p))
+            delete p; // tells the chart through OnPlotClose
     }
-    d->eventSync->setPanels(d->panels);
-    resetLayout();
+    d->panelsChanged();
 }
 
 void PriceGraph::resetLayout()
 {
-    // The price panel takes twice the height of each other panel; only the
-    // lowest panel shows dates; every panel but the main one can be closed.
-    for (int i = 0; i < d->panels.count() && i < d->splitter->count(); ++i) {
-        QWidget *w = d->splitter->widget(i);
-        d->splitter->setStretchFactor(i, w == d->panels.first() ? 2 : 1);
-        d->panels[i]->enableAxis(QwtPlot::xBottom, i == d->panels.count() - 1);
-        PanelCloseButton::showFor(d->panels[i], i > 0);
+    // The main panel takes twice the height of each other panel; only the
+    // lowest panel shown prints dates (a volume panel switched off takes
+    // them with it otherwise); every panel but the main one can be closed.
+    // Panels are found in the splitter by identity: one being destroyed
+    // may still sit there.
+    int lowest = d->panels.count() - 1;
+    while (lowest > 0 && EventSync::hiddenOnPurpose(d->panels.at(lowest)))
+        --lowest;
+    for (int i = 0; i < d->panels.count(); ++i) {
+        Plot *p = d->panels.at(i);
+        const int at = d->splitter->indexOf(p);
+        if (at >= 0)
+            d->splitter->setStretchFactor(at, i == 0 ? 2 : 1);
+        p->enableAxis(QwtPlot::xBottom, i == lowest);
+        PanelCloseButton::showFor(p, i > 0);
     }
     d->splitter->refresh();
     if (d->splitter->count() == 0)
@@ -210,11 +242,14 @@ void PriceGraph::ResetSplitter()
 
 Plot *PriceGraph::GetMainPanel()
 {
+    // What was fed is in the panels' ranges by the time the host reads them.
+    d->eventSync->flushPending();
     return d->panels.isEmpty() ? nullptr : d->panels.first();
 }
 
 QList<Plot *> PriceGraph::GetAllPanel()
 {
+    d->eventSync->flushPending();
     return d->panels;
 }
 
@@ -240,6 +275,7 @@ long PriceGraph::AddSeries(QString name, long type, long panel, long, long, bool
     p->setVisible(!p->volumeHistogram || p->tradingCurve || p->m_showVolume);
     p->setAxisFont(QwtPlot::xBottom, font());
     p->setAxisFont(QwtPlot::yRight, font());
+    d->panelsChanged();
     return panel;
 }
 
@@ -311,9 +347,11 @@ long PriceGraph::GetcandleChart()
 
 void PriceGraph::ShowVolume(long show)
 {
+    QMutexLocker locker(d->mutex);
     const QList<Plot *> panels = d->panels;
     for (Plot *p : panels)
         p->showVolume(show != 0);
+    d->panelsChanged(); // a hidden volume panel may have led or printed the dates
 }
 
 void PriceGraph::SetChartColor(int index, unsigned long rgb)
@@ -360,6 +398,7 @@ void PriceGraph::SetInterval(double interval)
         return;
     }
     d->interval = interval;
+    d->axisBars.timeScale()->setInterval(interval);
     const QList<Plot *> panels = d->panels;
     for (Plot *p : panels)
         p->setInterval(interval);
@@ -480,24 +519,19 @@ void PriceGraph::DrawTickLine(double price, long)
         qWarning("PriceGraph::DrawTickLine() ignored a non-finite price.");
         return;
     }
-    // Only the first panel shows a tick line, also after panels were moved.
-    const QList<Plot *> panels = d->panels;
-    for (Plot *p : panels) {
-        if (!p->getPriceLines())
-            continue;
-        if (p == panels.first())
-            p->getPriceLines()->showTickLine(price);
-        else
-            p->getPriceLines()->hideTickLine();
-    }
+    if (d->panels.isEmpty())
+        return;
+    // Only the first panel shows a tick line; it moves with the panel order.
+    d->tickPrice = price;
+    d->tickShown = true;
+    d->placeTickLine();
 }
 
 void PriceGraph::RemoveTickLine()
 {
     QMutexLocker locker(d->mutex);
-    Plot *main = GetMainPanel();
-    if (main && main->getPriceLines())
-        main->getPriceLines()->hideTickLine();
+    d->tickShown = false;
+    d->placeTickLine();
 }
 
 void PriceGraph::updateL1(double price1, double price2, int decimals, int extra)

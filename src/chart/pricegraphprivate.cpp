@@ -1,9 +1,12 @@
 #include "pricegraphprivate.h"
 
+#include "barseries.h"
 #include "eventsync.h"
 #include "markregistry.h"
 #include "overlaywidget.h"
 #include "plot.h"
+#include "plotnavigator.h"
+#include "plotpricelinesdata.h"
 #include "plotscrollbar.h"
 #include "pricegraph.h"
 #include "zoombuttons.h"
@@ -26,12 +29,23 @@ PriceGraphPrivate::PriceGraphPrivate(PriceGraph *chart)
     , marks(new MarkRegistry)
 {
     overlay->setMarkRegistry(marks);
+    // Older history moves the bars after it: the marks stay on their bars.
+    MarkRegistry *registry = marks;
+    QObject::connect(axisBars.timeScale(), &TimeScale::barsInserted, axisBars.timeScale(),
+                     [registry](int index, int count) { registry->barsInserted(index, count); });
     splitter = new QSplitter;
-    zoomButtons = new ZoomButtons(chart);
+    zoomButtons = new ZoomButtons;
+    QObject::connect(zoomButtons, &ZoomButtons::zoomInRequested, chart,
+                     [chart]() { chart->ZoomIn(1); });
+    QObject::connect(zoomButtons, &ZoomButtons::zoomOutRequested, chart,
+                     [chart]() { chart->ZoomOut(1); });
 }
 
 PriceGraphPrivate::~PriceGraphPrivate()
 {
+    tearingDown = true;
+    axisBars.setSource(nullptr);
+    scrollBar->setNavigator(nullptr);
     eventSync->clear();
     // A panel's destructor reports back through OnPlotClose, which edits
     // `panels`: walk a copy.
@@ -82,12 +96,12 @@ PriceGraphPrivate *PriceGraphPrivate::get(PriceGraph *chart)
 
 Plot *PriceGraphPrivate::mainPanel(PriceGraph *chart)
 {
-    return chart->GetMainPanel();
+    return (chart && chart->d) ? chart->d->panels.value(0) : nullptr;
 }
 
 QList<Plot *> PriceGraphPrivate::allPanels(PriceGraph *chart)
 {
-    return chart->GetAllPanel();
+    return (chart && chart->d) ? chart->d->panels : QList<Plot *>();
 }
 
 void PriceGraphPrivate::plotClosed(PriceGraph *chart, Plot *plot)
@@ -129,6 +143,61 @@ EventSync *PriceGraphPrivate::eventSyncOf(PriceGraph *chart)
 MarkRegistry *PriceGraphPrivate::markRegistryOf(PriceGraph *chart)
 {
     return (chart && chart->d) ? chart->d->marks : nullptr;
+}
+
+void PriceGraphPrivate::selectAxisBars()
+{
+    Plot *source = nullptr;
+    for (Plot *p : qAsConst(panels)) {
+        if (p->tradingCurve) {
+            source = p;
+            break;
+        }
+        if (!source && p->volumeHistogram)
+            source = p; // volume without prices stands on bars of its own
+    }
+    axisBars.setSource(source ? source->barSeries() : nullptr);
+}
+
+void PriceGraphPrivate::regroup()
+{
+    QList<PlotNavigator *> navigators;
+    for (Plot *p : qAsConst(panels))
+        navigators.append(p->getNavigator());
+    eventSync->setPanels(navigators);
+    scrollBar->setNavigator(eventSync->leader());
+    selectAxisBars();
+    placeTickLine();
+}
+
+void PriceGraphPrivate::panelsChanged()
+{
+    regroup();
+    q->resetLayout();
+}
+
+void PriceGraphPrivate::placeTickLine()
+{
+    for (Plot *p : qAsConst(panels)) {
+        PlotPriceLinesData *lines = p->getPriceLines();
+        if (!lines)
+            continue;
+        if (p == panels.first() && tickShown)
+            lines->showTickLine(tickPrice);
+        else
+            lines->hideTickLine();
+    }
+}
+
+AxisBars *PriceGraphPrivate::axisBarsOf(PriceGraph *chart)
+{
+    return (chart && chart->d) ? &chart->d->axisBars : nullptr;
+}
+
+void PriceGraphPrivate::seriesChanged(PriceGraph *chart)
+{
+    if (chart && chart->d)
+        chart->d->selectAxisBars();
 }
 
 void PriceGraphPrivate::closePanel(PriceGraph *chart, Plot *plot)

@@ -8,6 +8,8 @@
 #include <QString>
 #include <QVector>
 
+#include "axisbars.h"
+
 class EventSync;
 class MarkRegistry;
 class OverlayWidget;
@@ -56,6 +58,13 @@ public:
     // Bar interval last given to SetInterval; panels added later take it,
     // so a host may set it before its first series.
     double interval = 0.0;
+    // The chart's time axis and the bars it stands on (see selectAxisBars).
+    AxisBars axisBars;
+    // The tick line as the host last drew it; shown on the first panel.
+    double tickPrice = 0.0;
+    bool tickShown = false;
+    bool tearingDown = false;       // the destructor runs: panels leave without a relayout
+    bool relayoutQueued = false;
     ZoomButtons *zoomButtons = nullptr;  // right end of the scroll-bar row
     MarkRegistry *marks;                // every mark of the chart, by kind
     QPointer<QWidget> scrollRow;        // the row under the panels (rebuilt by ResetSplitter)
@@ -63,6 +72,20 @@ public:
     // Makes a new scroll-bar row (the bar, then the zoom buttons at its
     // right end) in place of the old one, keeping the bar and the buttons.
     QWidget *rebuildScrollRow();
+
+    // The time axis stands on the price bars of the topmost panel holding a
+    // price series, wherever that panel stands; without a price series on
+    // the bars of the topmost volume series.
+    void selectAxisBars();
+    // After panels were added, moved, closed, shown or hidden: the
+    // synchronisation group, the panel the scroll bar serves, the time
+    // axis, the date axis and the tick line follow.
+    void panelsChanged();
+    // The same without laying the splitter out (a panel is being destroyed
+    // and may still sit in it).
+    void regroup();
+    // The tick line shows on the first panel only.
+    void placeTickLine();
 
     // Access for library code to the facade's protected members.
     static Plot *mainPanel(PriceGraph *chart);
@@ -75,6 +98,9 @@ public:
     static PlotScrollBar *scrollBarOf(PriceGraph *chart);
     static EventSync *eventSyncOf(PriceGraph *chart);
     static MarkRegistry *markRegistryOf(PriceGraph *chart);
+    static AxisBars *axisBarsOf(PriceGraph *chart);
+    // A panel gained or lost a price or volume series.
+    static void seriesChanged(PriceGraph *chart);
     // Destroys a sub-panel the user closed (it reports back through
     // OnPlotClose) and lays the rest out again. The main panel stays.
     static void closePanel(PriceGraph *chart, Plot *plot);

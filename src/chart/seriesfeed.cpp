@@ -1,11 +1,12 @@
 #include "seriesfeed.h"
 
+#include "axisbars.h"
 #include "barseries.h"
 #include "closelineview.h"
 #include "datescaledraw.h"
 #include "indicatorintervalview.h"
 #include "indicatorlineview.h"
-#include "markregistry.h"
+#include "panelbars.h"
 #include "plot.h"
 #include "pricegraphprivate.h"
 #include "seriesrecord.h"
@@ -40,12 +41,13 @@
 // - indicator points are kept by time and drawn at the x of the bar of
 //   their time (interpolated between bars);
 // - "volume" writes the volume of the bar of its time in the bars this
-//   panel's x axis counts (axisBars()): its own price bars, else the main
-//   panel's; with no price bars at all the volume samples become bars of
-//   their own. A volume for a time without a bar is dropped with a debug
+//   panel's x axis counts (PanelBars): its own price bars, else those of
+//   the chart's time axis; with no price bars at all the volume samples
+//   become bars of their own. A volume for a time without a bar is dropped with a debug
 //   line (the price call carries the same volume);
-// - a call with show = true schedules one deferred flush, so a burst of
-//   samples costs one replot; show = false only stores.
+// - a call with show = true asks for one flush of the whole chart, so a
+//   burst of samples costs one replot; any navigation before that flush
+//   runs it first. show = false only stores.
 
 SeriesFeed::SeriesFeed(Plot *plot)
     : m_plot(plot)
@@ -90,6 +92,7 @@ void SeriesFeed::addSeries(const QString &name)
             p->tradingCurve->setBars(bars);
             p->tradingCurve->attach(p);
             p->tradingCurve->setVisible(true);
+            p->panelBars()->setHoldsPrice(true);
         }
         if (!p->lineCurve) {
             p->lineCurve = new VisibleCurve;
@@ -116,7 +119,7 @@ void SeriesFeed::addSeries(const QString &name)
         auto *histogram = new VolumeHistogram;
         histogram->setPen(QPen(Qt::red, 0));
         histogram->setBrush(QBrush(Qt::red));
-        histogram->setData(new VolumeSeriesView(p));
+        histogram->setData(new VolumeSeriesView(p->panelBars()));
         // Beside a price series the volume stands on the hidden left axis,
         // scaled into the lower part of the panel (updateVolumeScale).
         histogram->setAxes(QwtPlot::xBottom, p->tradingCurve ? QwtPlot::yLeft : QwtPlot::yRight);
@@ -137,13 +140,13 @@ void SeriesFeed::addSeries(const QString &name)
     QwtPlotItem *item;
     if (intervals) {
         auto *curve = new VisibleIntervalCurve(lineColor);
-        curve->setData(new IndicatorIntervalView(p, &record->points));
+        curve->setData(new IndicatorIntervalView(p->panelBars(), &record->points));
         record->intervalCurve = curve;
         item = curve;
     } else {
         auto *curve = new VisibleCurve(base);
         curve->setPen(lineColor, 0, Qt::SolidLine);
-        curve->setData(new IndicatorLineView(p, &record->points));
+        curve->setData(new IndicatorLineView(p->panelBars(), &record->points));
         record->curve = curve;
         item = curve;
     }
@@ -166,6 +169,7 @@ void SeriesFeed::removeSeries(const QString &name)
         p->tradingCurve = nullptr;
         delete p->lineCurve;
         p->lineCurve = nullptr;
+        p->panelBars()->setHoldsPrice(false);
         bars->clear();
         barTimesChanged();
         if (p->volumeHistogram)
@@ -190,9 +194,10 @@ void SeriesFeed::barTimesChanged()
 {
     if (!DateScaleDraw::anyLabels())
         return; // no dates shown yet: nothing to forget
+    // Only the bars the chart's time axis stands on give the dates.
     PriceGraph *chart = m_plot->getChart();
-    Plot *main = chart ? PriceGraphPrivate::mainPanel(chart) : nullptr;
-    if (main && (main == m_plot || main->axisBars() == m_plot->barSeries()))
+    const AxisBars *axis = PriceGraphPrivate::axisBarsOf(chart);
+    if (axis && axis->source() == m_plot->barSeries())
         DateScaleDraw::datesChanged(chart);
 }
 
@@ -239,14 +244,8 @@ bool SeriesFeed::feed(const QString &name, double time, bool edit, double open, 
     Plot *p = m_plot;
     BarSeries *bars = p->barSeries();
     if (isPriceName(name)) {
-        int at = -1;
-        const BarSeries::Result result = edit ? bars->editLast(time, open, high, low, close, volume)
-                                              : bars->add(time, open, high, low, close, volume, &at);
-        // An older bar moves the bars after it: the marks stay on their bars.
-        MarkRegistry *marks = PriceGraphPrivate::markRegistryOf(p->getChart());
-        if (marks && result == BarSeries::Inserted)
-            marks->barsInserted(at, 1);
-        return stored(result);
+        return stored(edit ? bars->editLast(time, open, high, low, close, volume)
+                           : bars->add(time, open, high, low, close, volume));
     }
     if (p->volumeHistogram && name == QLatin1String("volume"))
         return feedVolume(time, edit, open, high, low, close, volume);

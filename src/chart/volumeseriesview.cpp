@@ -1,16 +1,16 @@
 #include "volumeseriesview.h"
 
 #include "barseries.h"
-#include "plot.h"
+#include "panelbars.h"
 
-VolumeSeriesView::VolumeSeriesView(const Plot *panel)
-    : m_panel(panel)
+VolumeSeriesView::VolumeSeriesView(const PanelBars *bars)
+    : m_bars(bars)
 {
 }
 
 const BarSeries *VolumeSeriesView::bars() const
 {
-    return m_panel->axisBars();
+    return m_bars->axis();
 }
 
 size_t VolumeSeriesView::size() const

@@ -1,10 +1,11 @@
 #include "eventsync.h"
 
 #include "chartevents.h"
-#include "plot.h"
 #include "plotnavigator.h"
 
-#include <QVector>
+#include <QTimerEvent>
+
+#include <qwt_plot.h>
 
 EventSync::EventSync(QObject *parent)
     : QObject(parent)
@@ -12,51 +13,132 @@ EventSync::EventSync(QObject *parent)
     m_syncTypes << ChartEvents::sync() << ChartEvents::pan();
 }
 
-void EventSync::setPanels(const QList<Plot *> &panels)
+void EventSync::setPanels(const QList<PlotNavigator *> &panels)
 {
-    for (Plot *p : qAsConst(m_panels))
-        p->removeEventFilter(this);
+    for (PlotNavigator *p : qAsConst(m_panels)) {
+        p->plot()->removeEventFilter(this);
+        p->setGroup(nullptr);
+    }
     m_panels = panels;
-    for (Plot *p : qAsConst(m_panels))
-        p->installEventFilter(this);
+    for (PlotNavigator *p : qAsConst(m_panels)) {
+        p->plot()->installEventFilter(this);
+        p->setGroup(this);
+    }
 }
 
-void EventSync::removePanel(Plot *panel)
+void EventSync::removePanel(PlotNavigator *panel)
 {
-    if (m_panels.removeOne(panel))
-        panel->removeEventFilter(this);
+    if (m_panels.removeOne(panel)) {
+        panel->plot()->removeEventFilter(this);
+        panel->setGroup(nullptr);
+    }
 }
 
 void EventSync::clear()
 {
-    setPanels(QList<Plot *>());
+    setPanels(QList<PlotNavigator *>());
 }
 
-void EventSync::copyView(Plot *source, Plot *target)
+QList<QwtPlot *> EventSync::plots() const
+{
+    QList<QwtPlot *> out;
+    for (PlotNavigator *p : m_panels)
+        out.append(p->plot());
+    return out;
+}
+
+bool EventSync::hiddenOnPurpose(const QWidget *panel)
+{
+    return panel->isHidden() && panel->testAttribute(Qt::WA_WState_ExplicitShowHide);
+}
+
+PlotNavigator *EventSync::leader() const
+{
+    for (PlotNavigator *p : m_panels) {
+        if (!hiddenOnPurpose(p->plot()))
+            return p;
+    }
+    return m_panels.value(0);
+}
+
+PlotNavigator *EventSync::navigatorOf(QObject *plot) const
+{
+    for (PlotNavigator *p : m_panels) {
+        if (p->plot() == plot)
+            return p;
+    }
+    return nullptr;
+}
+
+void EventSync::copyView(PlotNavigator *source, PlotNavigator *target)
 {
     double x1, x2;
     source->getX(x1, x2);
-    target->setX(x1, x2, source->getNavigator()->zoom());
+    target->setX(x1, x2, source->zoom());
+}
+
+void EventSync::adopt(PlotNavigator *panel)
+{
+    PlotNavigator *lead = leader();
+    if (!panel || !m_panels.contains(panel))
+        return;
+    const bool busy = m_busy;
+    m_busy = true;
+    if (lead && lead != panel && lead->hasView())
+        copyView(lead, panel);
+    panel->updateScrollLimits();
+    m_busy = busy;
+}
+
+void EventSync::requestFlush()
+{
+    m_pending = true;
+    if (!m_timer)
+        m_timer = startTimer(0);
+}
+
+void EventSync::flushPending()
+{
+    if (m_pending)
+        flush();
 }
 
 void EventSync::flush()
 {
-    // Flushing the panels one by one would spread the view after each and
-    // replot the other panels every time.
-    const QList<Plot *> snapshot = m_panels;
-    bool follow = false;
-    for (Plot *p : snapshot)
-        follow = p->getNavigator()->dataChanged(false) || follow;
-    QVector<quint64> replots;
-    replots.reserve(snapshot.size());
-    for (Plot *p : snapshot)
-        replots.append(p->replotCount());
-    if (follow && !snapshot.isEmpty())
-        snapshot.first()->SyncAllPannel(); // replots the panels it moves
-    for (int i = 0; i < snapshot.size(); ++i) {
-        if (snapshot.at(i)->replotCount() == replots.at(i))
-            snapshot.at(i)->replot();
+    m_pending = false; // before anything below navigates and asks again
+    if (m_timer) {
+        killTimer(m_timer);
+        m_timer = 0;
     }
+    const QList<PlotNavigator *> snapshot = m_panels;
+    PlotNavigator *lead = leader();
+    if (!lead)
+        return;
+    // Every panel takes the new bars into its limits; the leading panel
+    // decides where the view goes (the newest bars, or where it was), and
+    // the others take its view: each panel replots once.
+    for (PlotNavigator *p : snapshot) {
+        if (p != lead)
+            p->dataChanged(false);
+    }
+    lead->dataChanged(false);
+    const bool busy = m_busy;
+    m_busy = true;
+    for (PlotNavigator *p : snapshot) {
+        if (p != lead && lead->hasView() && !hiddenOnPurpose(p->plot()))
+            copyView(lead, p);
+        else
+            p->plot()->replot();
+    }
+    m_busy = busy;
+}
+
+void EventSync::timerEvent(QTimerEvent *event)
+{
+    if (event->timerId() == m_timer)
+        flush();
+    else
+        QObject::timerEvent(event);
 }
 
 bool EventSync::eventFilter(QObject *watched, QEvent *event)
@@ -65,28 +147,33 @@ bool EventSync::eventFilter(QObject *watched, QEvent *event)
     const bool show = event->type() == QEvent::Show;
     if ((!show && !m_syncTypes.contains(event->type())) || m_busy || m_panels.isEmpty())
         return false;
-    Plot *sender = qobject_cast<Plot *>(watched);
-    if (!sender || !m_panels.contains(sender))
+    PlotNavigator *sender = navigatorOf(watched);
+    if (!sender)
         return false;
     m_busy = true; // the copies below send events of their own
     if (show) {
         // A panel that was hidden missed the copies meanwhile: it catches up
-        // as it shows, so it never appears with a stale range.
-        if (sender != m_panels.first())
-            copyView(m_panels.first(), sender);
+        // as it shows (from the panel that led while it was away), so it
+        // never appears with a stale range.
+        for (PlotNavigator *p : qAsConst(m_panels)) {
+            if (p != sender && !hiddenOnPurpose(p->plot())) {
+                if (p->hasView())
+                    copyView(p, sender);
+                break;
+            }
+        }
         m_busy = false;
         return false;
     }
-    // A synchronisation spreads the main panel's view whichever panel asked
-    // (scrolls and zooms always move the main panel); a pan spreads the view
-    // of the panel that was dragged.
-    Plot *source = event->type() == ChartEvents::sync() ? m_panels.first() : sender;
-    const QList<Plot *> snapshot = m_panels;
-    for (Plot *p : snapshot) {
+    // A synchronisation spreads the leading panel's view whichever panel
+    // asked (scrolls and zooms always move the leading panel); a pan spreads
+    // the view of the panel that was dragged.
+    PlotNavigator *source = event->type() == ChartEvents::sync() ? leader() : sender;
+    const QList<PlotNavigator *> snapshot = m_panels;
+    for (PlotNavigator *p : snapshot) {
         // Panels hidden on purpose (e.g. volume switched off) keep their
         // range; panels of a chart not shown yet still follow.
-        const bool hidden = p->isHidden() && p->testAttribute(Qt::WA_WState_ExplicitShowHide);
-        if (p != source && !hidden)
+        if (p != source && !hiddenOnPurpose(p->plot()))
             copyView(source, p);
     }
     m_busy = false;

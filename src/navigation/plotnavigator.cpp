@@ -1,16 +1,17 @@
 #include "plotnavigator.h"
 
 #include "chartevents.h"
-#include "plot.h"
+#include "eventsync.h"
 #include "plotfreezeevent.h"
 #include "plotscrollevent.h"
-#include "pricegraphprivate.h"
-#include "zoombuttons.h"
+#include "timescale.h"
+#include "viewcontent.h"
 
 #include <QCoreApplication>
 #include <QDebug>
 #include <QResizeEvent>
 
+#include <qwt_plot.h>
 #include <qwt_plot_canvas.h>
 
 #include <algorithm>
@@ -29,20 +30,32 @@ bool usable(double x)
 
 } // namespace
 
-PlotNavigator::PlotNavigator(Plot *plot)
+PlotNavigator::PlotNavigator(QwtPlot *plot, const ViewContent *content, TimeScale *times)
     : m_plot(plot)
+    , m_content(content)
+    , m_times(times)
 {
     m_plot->canvas()->installEventFilter(this);
+    connect(m_times, &TimeScale::barsInserted, this, &PlotNavigator::barsInserted);
+    connect(m_times, &TimeScale::barsReset, this, &PlotNavigator::barsReset);
+}
+
+void PlotNavigator::catchUp() const
+{
+    if (m_group)
+        m_group->flushPending();
 }
 
 void PlotNavigator::getX(double &x1, double &x2) const
 {
+    catchUp();
     x1 = m_viewX1;
     x2 = m_viewX2;
 }
 
 void PlotNavigator::setX(double x1, double x2, double zoom)
 {
+    catchUp();
     applyView(x1, x2, zoom, true);
 }
 
@@ -84,7 +97,7 @@ void PlotNavigator::applyScales()
         d = ViewRange(d.lower() - 0.5, d.lower() + 0.5); // a degenerate range shows one bar
     m_plot->setAxisScale(QwtPlot::xBottom, d.lower(), d.upper(), 0);
     double low, high;
-    if (!m_plot->valueRange(d.lower(), d.upper(), low, high) || !std::isfinite(low)
+    if (!m_content->valueRange(d.lower(), d.upper(), low, high) || !std::isfinite(low)
         || !std::isfinite(high))
         return;
     const double mid = (low + high) * 0.5;
@@ -98,13 +111,14 @@ void PlotNavigator::applyScales()
 
 void PlotNavigator::adjustX(double &min, double &max)
 {
+    catchUp();
     if (!usable(min) || !usable(max)) {
         qWarning("Plot::AdjustX() left the range (%g, %g) as it is.", min, max);
         return;
     }
     ViewRange d = m_limits.clamp(ViewRange::fromLogical(min, max, m_zoom));
-    if (m_plot->tradingCurve)
-        d = m_limits.snap(d, m_plot->candleWidth(d.lower(), d.upper()));
+    if (m_content->hasCandles())
+        d = m_limits.snap(d, m_content->candleWidth(d.lower(), d.upper()));
     d.toLogical(m_zoom, min, max);
 }
 
@@ -113,8 +127,8 @@ void PlotNavigator::updateScrollLimits()
     double dataMinX, dataMaxX;
     dataExtent(dataMinX, dataMaxX);
     const double v = visibleSpan();
-    const double w = m_plot->candleWidth(dataMaxX - v, dataMaxX);
-    m_limits.update(dataMinX, dataMaxX, v, w, m_plot->getLeftInset(), m_zoom);
+    const double w = m_content->candleWidth(dataMaxX - v, dataMaxX);
+    m_limits.update(dataMinX, dataMaxX, v, w, m_content->getLeftInset(), m_zoom);
     const ViewRange d = displayedRange();
     PlotScrollEvent event(m_limits.minX(), m_limits.maxX(), d.lower(), d.width());
     QCoreApplication::sendEvent(m_plot, &event);
@@ -124,35 +138,27 @@ void PlotNavigator::updateScrollLimits()
 
 void PlotNavigator::scrollRight(long records)
 {
-    // A scroll sent to any panel moves the main panel; the others follow it
-    // through the synchronisation event. Ask until the answer settles.
-    Plot *target = m_plot;
-    for (int guard = 0; guard < 8; ++guard) {
-        Plot *main = mainPanel();
-        if (!main || main == target)
-            break;
-        target = main;
-    }
-    target->getNavigator()->scrollBy(records);
+    // A scroll sent to any panel moves the leading panel; the others follow
+    // it through the synchronisation event.
+    catchUp();
+    leader()->scrollBy(records);
 }
 
 void PlotNavigator::scrollBy(long records)
 {
-    if (!hasView())
+    // When every bar fits, nothing moves: clamping the range would throw
+    // the bars from one side of the canvas to the other.
+    if (!hasView() || m_limits.span() < visibleSpan())
         return;
-    double x1 = m_viewX1, x2 = m_viewX2;
-    if (!(m_limits.span() < visibleSpan())) {
-        // A scroll past either end lands on it: no move needs to be longer
-        // than the data and a screen, and a longer one would leave the
-        // positions that the scale can take.
-        const double reach = m_limits.span() + visibleSpan() + 1.0;
-        const double shift = std::max(-reach, std::min(double(records), reach));
-        x1 += shift;
-        x2 += shift;
-    }
+    // A scroll past either end lands on it: no move needs to be longer than
+    // the data and a screen, and a longer one would leave the positions that
+    // the scale can take.
+    const double reach = m_limits.span() + visibleSpan() + 1.0;
+    const double shift = std::max(-reach, std::min(double(records), reach));
+    double x1 = m_viewX1 + shift, x2 = m_viewX2 + shift;
     adjustX(x1, x2);
     setX(x1, x2, -1.0);
-    m_plot->SyncAllPannel();
+    sync();
 }
 
 long PlotNavigator::screenBars() const
@@ -162,6 +168,7 @@ long PlotNavigator::screenBars() const
 
 void PlotNavigator::scrollToEnd()
 {
+    catchUp();
     const double v = visibleSpan();
     double x1, x2;
     ViewRange(m_limits.maxX() - v, m_limits.maxX()).toLogical(m_zoom, x1, x2);
@@ -180,10 +187,11 @@ void PlotNavigator::moveX(double dx)
 {
     if (!std::isfinite(dx))
         return;
-    if (!m_plot->tradingCurve) {
-        Plot *main = mainPanel();
-        if (main && main != m_plot) {
-            main->moveX(dx);
+    catchUp();
+    if (!m_content->hasCandles()) {
+        PlotNavigator *lead = leader();
+        if (lead != this) {
+            lead->moveX(dx);
             return;
         }
     }
@@ -207,15 +215,16 @@ void PlotNavigator::moveX(double dx)
 
 void PlotNavigator::zoomIn()
 {
+    catchUp();
     const bool atEnd = isAtEnd();
     const double zoom = std::max(m_zoom * 0.5, MinZoom);
     if (zoom == m_zoom)
         return;
     m_zoom = zoom;
     if (m_zoom <= MinZoom)
-        setZoomHighlight(0, false);
+        Q_EMIT zoomButtonHighlight(0, false);
     if (m_zoom < MaxZoom)
-        setZoomHighlight(1, true);
+        Q_EMIT zoomButtonHighlight(1, true);
     finishZoom(atEnd);
     ChartEvents::send(m_plot, ChartEvents::sync());
     m_plot->canvas()->setFocus(Qt::OtherFocusReason);
@@ -223,6 +232,7 @@ void PlotNavigator::zoomIn()
 
 void PlotNavigator::zoomOut()
 {
+    catchUp();
     const bool atEnd = isAtEnd();
     const double old = m_zoom;
     const double zoom = std::min(m_zoom * 2.0, MaxZoom);
@@ -230,16 +240,16 @@ void PlotNavigator::zoomOut()
         return;
     m_zoom = zoom;
     if (m_zoom > MinZoom)
-        setZoomHighlight(0, true);
+        Q_EMIT zoomButtonHighlight(0, true);
     if (m_zoom >= MaxZoom)
-        setZoomHighlight(1, false);
+        Q_EMIT zoomButtonHighlight(1, false);
     // Stop before a bar would get less than a pixel (the highlights stay).
     if ((m_viewX2 - m_viewX1) * m_zoom > canvasWidth()) {
         m_zoom = old;
         return;
     }
     finishZoom(atEnd);
-    m_plot->SyncAllPannel();
+    sync();
     m_plot->canvas()->setFocus(Qt::OtherFocusReason);
 }
 
@@ -270,10 +280,11 @@ void PlotNavigator::finishZoom(bool wasAtEnd)
 
 void PlotNavigator::resetZoom()
 {
+    catchUp();
     const bool atEnd = isAtEnd();
     m_zoom = 1.0;
-    setZoomHighlight(0, true);
-    setZoomHighlight(1, true);
+    Q_EMIT zoomButtonHighlight(0, true);
+    Q_EMIT zoomButtonHighlight(1, true);
     updateScrollLimits();
     if (hasView()) {
         double x1 = m_viewX1, x2 = m_viewX2;
@@ -286,16 +297,11 @@ void PlotNavigator::resetZoom()
     ChartEvents::send(m_plot, ChartEvents::sync());
 }
 
-void PlotNavigator::setZoomHighlight(int button, bool on)
-{
-    if (ZoomButtons *buttons = PriceGraphPrivate::zoomButtonsOf(m_plot->getChart()))
-        buttons->setZoomButtonHighlight(button, on);
-}
-
 void PlotNavigator::zoomInY(double dy)
 {
     if (!std::isfinite(dy))
         return;
+    catchUp();
     const double h = m_plot->canvas()->height();
     const double p = h / m_yZoom; // pixels the prices fill
     if (p < h)
@@ -307,6 +313,7 @@ void PlotNavigator::zoomOutY(double dy)
 {
     if (!std::isfinite(dy))
         return;
+    catchUp();
     const double h = m_plot->canvas()->height();
     const double p = h / m_yZoom;
     if (p <= 8.0)
@@ -320,8 +327,9 @@ void PlotNavigator::zoomOutY(double dy)
 
 void PlotNavigator::recordChartCenter()
 {
+    catchUp();
     const double centre = (m_viewX1 + m_viewX2) * 0.5;
-    m_recordedCenterTime = m_plot->indexToTime(std::trunc(centre));
+    m_recordedCenterTime = m_times->indexToTime(std::trunc(centre));
     double dataMinX, dataMaxX;
     dataExtent(dataMinX, dataMaxX);
     qDebug("recordChartCenter::(%f,%f) (%f,%f) (%f)", dataMinX, dataMaxX, m_viewX1, m_viewX2,
@@ -333,13 +341,12 @@ void PlotNavigator::recordChartCenter()
 
 void PlotNavigator::restoreChartCenter()
 {
+    catchUp();
     const double t = m_recordedCenterTime;
-    const int n = m_plot->barCount();
+    const int n = m_times->size();
     if (t >= 0.0 && n > 0) {
-        const double index = m_plot->TimeToIndexSuitable(t);
-        const bool exact = index == std::floor(index) && index >= 0.0 && index < n
-                           && m_plot->indexToTime(index) == t;
-        if (exact) {
+        const int index = m_times->indexOf(t);
+        if (index >= 0) {
             updateScrollLimits();
             const double v = visibleSpan();
             const double lower = index - v * 0.5;
@@ -350,8 +357,8 @@ void PlotNavigator::restoreChartCenter()
             double dataMinX, dataMaxX;
             dataExtent(dataMinX, dataMaxX);
             qDebug("restoreChartCenter::(%f,%f) (%f,%f) (%f)", dataMinX, dataMaxX, m_viewX1,
-                   m_viewX2, index);
-            m_plot->SyncAllPannel();
+                   m_viewX2, double(index));
+            sync();
         }
     }
     PlotFreezeEvent thaw(false);
@@ -384,15 +391,14 @@ bool PlotNavigator::dataChanged(bool sync)
     }
     m_plot->setAutoReplot(autoReplot);
     if (follow && sync)
-        m_plot->SyncAllPannel();
+        this->sync();
     return follow;
 }
 
 void PlotNavigator::canvasResized()
 {
-    // Only the main panel decides; the others take its view.
-    Plot *main = mainPanel();
-    if (main && main != m_plot)
+    // Only the leading panel decides; the others take its view.
+    if (leader() != this)
         return;
     if (!hasView()) {
         updateScrollLimits();
@@ -410,7 +416,24 @@ void PlotNavigator::canvasResized()
         adjustX(x1, x2);
         setX(x1, x2, -1.0);
     }
-    m_plot->SyncAllPannel();
+    sync();
+}
+
+void PlotNavigator::barsInserted(int index, int count)
+{
+    // Older history arrived: the bars in view moved right, and so does the
+    // view, so that it keeps showing them. A view at the newest bars stays
+    // there anyway.
+    if (!hasView() || index > std::ceil(displayedRange().lower()))
+        return;
+    m_viewX1 += count;
+    m_viewX2 += count;
+}
+
+void PlotNavigator::barsReset()
+{
+    // New bars wholesale (another symbol): they open on the newest ones.
+    m_hadBars = false;
 }
 
 bool PlotNavigator::eventFilter(QObject *watched, QEvent *event)
@@ -442,23 +465,20 @@ double PlotNavigator::canvasWidth() const
     return m_plot->canvas()->width();
 }
 
-Plot *PlotNavigator::mainPanel() const
+PlotNavigator *PlotNavigator::leader() const
 {
-    return m_plot->getChart() ? PriceGraphPrivate::mainPanel(m_plot->getChart()) : nullptr;
+    PlotNavigator *lead = m_group ? m_group->leader() : nullptr;
+    return lead ? lead : const_cast<PlotNavigator *>(this);
+}
+
+void PlotNavigator::sync()
+{
+    ChartEvents::send(m_plot, ChartEvents::sync());
 }
 
 void PlotNavigator::dataExtent(double &minX, double &maxX) const
 {
-    // Every panel shares one bar axis; a panel without price bars of its own
-    // (an indicator panel) takes the extent of one that has them.
-    int n = m_plot->barCount();
-    if (n == 0 && m_plot->getChart()) {
-        const QList<Plot *> panels = PriceGraphPrivate::allPanels(m_plot->getChart());
-        for (Plot *p : panels) {
-            if ((n = p->barCount()) > 0)
-                break;
-        }
-    }
+    // Every panel scrolls over the bars of the chart's time axis.
     minX = 0.0;
-    maxX = n - 1.0;
+    maxX = m_times->size() - 1.0;
 }

@@ -1,7 +1,6 @@
 #include "plotscrollbar.h"
 
 #include "chartevents.h"
-#include "plot.h"
 #include "plotfreezeevent.h"
 #include "plotnavigator.h"
 #include "plotscrollevent.h"
@@ -9,6 +8,7 @@
 
 #include <QDebug>
 
+#include <qwt_plot.h>
 #include <qwt_scale_div.h>
 #include <qwt_scale_widget.h>
 
@@ -53,22 +53,25 @@ PlotScrollBar::PlotScrollBar(Qt::Orientation orientation, QWidget *parent)
     connect(this, &QScrollBar::valueChanged, this, &PlotScrollBar::onSliderMoved);
 }
 
-void PlotScrollBar::setPlot(Plot *plot)
+void PlotScrollBar::setNavigator(PlotNavigator *navigator)
 {
-    if (m_plot == plot)
+    if (m_navigator == navigator && m_plot)
         return;
     if (m_plot)
         m_plot->removeEventFilter(this);
     disconnect(m_scaleConnection);
-    m_plot = plot;
+    m_navigator = navigator;
+    m_plot = navigator ? navigator->plot() : nullptr;
+    m_watched = m_plot.data();
     if (!m_plot)
         return;
     m_plot->installEventFilter(this);
     m_scaleConnection = connect(m_plot->axisWidget(QwtPlot::xBottom),
                                 &QwtScaleWidget::scaleDivChanged, this,
                                 &PlotScrollBar::onScaleDivChanged);
-    // Take the new panel's limits at once (it answers with a scroll event).
-    m_plot->getNavigator()->updateScrollLimits();
+    // Take the new panel's limits and view at once (it answers with a
+    // scroll event).
+    m_navigator->updateScrollLimits();
 }
 
 void PlotScrollBar::applyValues()
@@ -82,7 +85,7 @@ void PlotScrollBar::applyValues()
 
 void PlotScrollBar::onScaleDivChanged()
 {
-    if (!m_plot || !m_plot->getNavigator()->hasView())
+    if (!m_plot || !m_navigator || !m_navigator->hasView())
         return;
     const QwtInterval x = m_plot->axisScaleDiv(QwtPlot::xBottom).interval();
     m_page = x.width();
@@ -92,7 +95,10 @@ void PlotScrollBar::onScaleDivChanged()
 
 void PlotScrollBar::onSliderMoved(int newValue)
 {
-    if (!m_plot || !m_plot->getNavigator()->hasView())
+    if (!m_plot || !m_navigator)
+        return;
+    m_navigator->catchUp();
+    if (!m_navigator->hasView())
         return;
     double lower = newValue;
     double upper = newValue + m_page;
@@ -109,10 +115,27 @@ void PlotScrollBar::onSliderMoved(int newValue)
         qDebug("PlotScrollBar::onSliderMoved -- scroll to begin.\n");
     }
     double x1, x2;
-    ViewRange(lower, upper).toLogical(m_plot->getNavigator()->zoom(), x1, x2);
-    m_plot->AdjustX(x1, x2);
-    m_plot->setX(x1, x2, -1.0);
-    m_plot->SyncAllPannel();
+    ViewRange(lower, upper).toLogical(m_navigator->zoom(), x1, x2);
+    m_navigator->adjustX(x1, x2);
+    m_navigator->setX(x1, x2, -1.0);
+    ChartEvents::send(m_plot, ChartEvents::sync());
+}
+
+bool PlotScrollBar::event(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::Wheel:
+    case QEvent::KeyPress:
+        // Bars fed since the last flush count before the bar acts on its
+        // range (the flush updates it).
+        if (m_navigator)
+            m_navigator->catchUp();
+        break;
+    default:
+        break;
+    }
+    return QScrollBar::event(event);
 }
 
 void PlotScrollBar::freeze(bool on)
@@ -130,7 +153,9 @@ void PlotScrollBar::freeze(bool on)
 
 bool PlotScrollBar::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched != m_plot)
+    // Compared as objects: the panel may be half destroyed when its last
+    // events pass here.
+    if (m_plot.isNull() || watched != m_watched)
         return QScrollBar::eventFilter(watched, event);
     if (event->type() == ChartEvents::scroll()) {
         const auto *e = static_cast<PlotScrollEvent *>(event);

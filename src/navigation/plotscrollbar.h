@@ -5,11 +5,14 @@
 #include <QPointer>
 #include <QScrollBar>
 
-class Plot;
+#include "plotnavigator.h"
 
-// The horizontal scroll bar under the panels. It serves the chart's main
-// panel: it mirrors the scroll events that panel sends itself and its x
-// axis, and moves it (and through it the other panels) by setX.
+class QwtPlot;
+
+// The horizontal scroll bar under the panels. It serves the chart's leading
+// panel (through its navigator): it mirrors the scroll events that panel
+// sends itself and its x axis, and moves it (and through it the other
+// panels) by setX.
 class PlotScrollBar : public QScrollBar
 {
     Q_OBJECT
@@ -17,8 +20,9 @@ class PlotScrollBar : public QScrollBar
 public:
     explicit PlotScrollBar(Qt::Orientation orientation, QWidget *parent = nullptr);
 
-    void setPlot(Plot *plot);
-    Plot *plot() const { return m_plot; }
+    void setNavigator(PlotNavigator *navigator);
+    PlotNavigator *navigator() const { return m_navigator; }
+    QwtPlot *plot() const { return m_plot; }
 
     double minX() const { return m_minX; }
     double maxX() const { return m_maxX; }
@@ -31,13 +35,16 @@ public Q_SLOTS:
     void onScaleDivChanged();
 
 protected:
+    bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void applyValues();
     void freeze(bool on);
 
-    QPointer<Plot> m_plot;
+    QPointer<PlotNavigator> m_navigator;
+    QPointer<QwtPlot> m_plot;
+    QObject *m_watched = nullptr; // m_plot as the object the filter sees
     QMetaObject::Connection m_scaleConnection;
     double m_minX = 0.0;
     double m_maxX = 0.0;

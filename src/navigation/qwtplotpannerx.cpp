@@ -1,6 +1,6 @@
 #include "qwtplotpannerx.h"
 
-#include "plot.h"
+#include "plotnavigator.h"
 
 #include <QMouseEvent>
 #include <QPixmap>
@@ -17,9 +17,9 @@ Qt::MouseButton panButton(const QwtPanner *panner)
 
 } // namespace
 
-QwtPlotPannerX::QwtPlotPannerX(QWidget *canvas, Plot *plot)
+QwtPlotPannerX::QwtPlotPannerX(QWidget *canvas, PlotNavigator *navigator)
     : QwtPlotPanner(canvas)
-    , m_plot(plot)
+    , m_navigator(navigator)
 {
 }
 
@@ -62,5 +62,5 @@ QPixmap QwtPlotPannerX::grab() const
 void QwtPlotPannerX::moveCanvas(int dx, int)
 {
     // A pixel of mouse travel pans three zoom-weighted pixels.
-    m_plot->moveX(dx * 3);
+    m_navigator->moveX(dx * 3);
 }

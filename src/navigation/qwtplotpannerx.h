@@ -3,16 +3,17 @@
 
 #include <qwt_plot_panner.h>
 
-class Plot;
+class PlotNavigator;
 
 // Pans a panel along x only, live as the mouse moves (no dragged snapshot).
 // Suspended while a drawing tool owns the mouse (Plot::setCursorStyle).
+// The motion goes to the panel's navigator.
 class QwtPlotPannerX : public QwtPlotPanner
 {
     Q_OBJECT
 
 public:
-    QwtPlotPannerX(QWidget *canvas, Plot *plot);
+    QwtPlotPannerX(QWidget *canvas, PlotNavigator *navigator);
 
     bool isSuspended() const { return m_suspended; }
     void setSuspended(bool on) { m_suspended = on; }
@@ -25,7 +26,7 @@ protected:
     void moveCanvas(int dx, int dy) override;
 
 private:
-    Plot *m_plot;
+    PlotNavigator *m_navigator;
     bool m_suspended = false;
     bool m_pressed = false;
     QPoint m_last;

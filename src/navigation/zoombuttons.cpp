@@ -1,7 +1,5 @@
 #include "zoombuttons.h"
 
-#include "pricegraph.h"
-
 #include <QPushButton>
 
 namespace {
@@ -24,8 +22,8 @@ QString sheet(int button, bool canHighlight)
 
 } // namespace
 
-ZoomButtons::ZoomButtons(PriceGraph *chart)
-    : m_chart(chart)
+ZoomButtons::ZoomButtons(QObject *parent)
+    : QObject(parent)
 {
     const char *const tips[2] = {"Zoom in", "Zoom out"};
     for (int i = 0; i < 2; ++i) {
@@ -54,14 +52,12 @@ QPushButton *ZoomButtons::button(int index) const
 
 void ZoomButtons::ZoomIn()
 {
-    if (m_chart)
-        m_chart->ZoomIn(1);
+    Q_EMIT zoomInRequested();
 }
 
 void ZoomButtons::ZoomOut()
 {
-    if (m_chart)
-        m_chart->ZoomOut(1);
+    Q_EMIT zoomOutRequested();
 }
 
 void ZoomButtons::setZoomButtonHighlight(int button, bool canHighlight)

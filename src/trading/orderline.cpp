@@ -4,7 +4,6 @@
 #include "orderlinebutton.h"
 
 #include <QLabel>
-#include <QMouseEvent>
 #include <QPushButton>
 #include <qwt_plot.h>
 
@@ -40,12 +39,18 @@ void OrderLine::setButtonFollowsMouse(bool on)
     m_buttonFollowsMouse = on;
     if (on)
         m_stackHeight = -1;
+    // A lone box hides as the mouse leaves it; in a stack the line decides,
+    // as the mouse crosses the gaps between the boxes.
+    if (m_button)
+        m_button->setHidesOnLeave(on);
+    placeButton(); // back on its line when its group broke up
 }
 
-void OrderLine::setStackSlot(int offset, int stackHeight)
+void OrderLine::setStackSlot(int offset, int stackHeight, int firstHeight)
 {
     m_stackOffset = offset;
     m_stackHeight = stackHeight;
+    m_firstHeight = firstHeight;
     placeButton();
 }
 
@@ -59,15 +64,75 @@ void OrderLine::placeButton()
     QWidget *canvas = canvasWidget();
     if (!canvas || !m_button)
         return;
-    const int centreX = m_mouseX >= 0 ? m_mouseX
-                                      : canvas->width() - ButtonRightGap - m_button->width() / 2;
+    const int lineY = qRound(qBound(-1.0e6, linePixelY(), 1.0e6));
     if (!m_buttonFollowsMouse && m_stackHeight >= 0) {
-        const int top = (canvas->height() - m_stackHeight) / 2 + m_stackOffset;
-        m_button->move(centreX - m_button->width() / 2, top);
+        // The first box sits on the line; the stack grows away from the
+        // nearer edge and is kept inside the canvas. The boxes stand at the
+        // right end, where the line's price is read.
+        const int h = canvas->height();
+        const bool down = lineY < h / 2;
+        const int firstTop = lineY - m_firstHeight / 2;
+        int stackTop = down ? firstTop : firstTop + m_firstHeight - m_stackHeight;
+        stackTop = qMax(0, qMin(stackTop, h - m_stackHeight));
+        const int top = down ? stackTop + m_stackOffset
+                             : stackTop + m_stackHeight - m_stackOffset - m_button->height();
+        m_button->move(canvas->width() - ButtonRightGap - m_button->width(), top);
         return;
     }
-    const double y = linePixelY();
-    moveButtonCentre(centreX, qRound(qBound(-1.0e6, y, 1.0e6)));
+    const int centreX = m_mouseX >= 0 ? m_mouseX
+                                      : canvas->width() - ButtonRightGap - m_button->width() / 2;
+    moveButtonCentre(centreX, lineY);
+}
+
+QRect OrderLine::stackRect() const
+{
+    QRect r;
+    if (m_buttonFollowsMouse)
+        return r;
+    for (const QPointer<OrderLine> &line : m_widgets) {
+        if (line && line->plot() && line->button())
+            r |= line->button()->geometry();
+    }
+    return r;
+}
+
+void OrderLine::showGroup(bool on)
+{
+    for (const QPointer<OrderLine> &line : qAsConst(m_widgets)) {
+        // Lines already taken off the panel keep no box on it.
+        OrderLineButton *b = line && line->plot() ? line->button() : nullptr;
+        if (!b)
+            continue;
+        if (on && b->isHidden())
+            b->show();
+        else if (!on && !b->isHidden())
+            b->hide();
+    }
+}
+
+bool OrderLine::hoverMove(const QPointF &pos)
+{
+    if (m_button) {
+        const double lineY = linePixelY();
+        const double distance = std::abs(pos.y() - lineY);
+        const bool under = distance < Reach && distance < m_button->height() / 2.0;
+        if (m_buttonFollowsMouse) {
+            if (under) {
+                m_mouseX = qRound(pos.x());
+                moveButtonCentre(m_mouseX, qRound(lineY));
+            }
+            showGroup(under);
+        } else {
+            showGroup(under || stackRect().contains(pos.toPoint()));
+        }
+    }
+    return PriceLine::hoverMove(pos);
+}
+
+void OrderLine::mouseLeft()
+{
+    showGroup(false);
+    PriceLine::mouseLeft();
 }
 
 void OrderLine::onModify()
@@ -92,29 +157,5 @@ bool OrderLine::eventFilter(QObject *watched, QEvent *event)
         event->accept();
         return true;
     }
-    if (canvasWidget() && watched == canvasWidget() && event->type() == QEvent::MouseMove
-        && m_button) {
-        const QMouseEvent *me = static_cast<QMouseEvent *>(event);
-        const double lineY = linePixelY();
-        const double distance = std::abs(me->localPos().y() - lineY);
-        const bool under = distance < Reach && distance < m_button->height() / 2.0;
-        if (under && m_buttonFollowsMouse) {
-            m_mouseX = me->pos().x();
-            moveButtonCentre(m_mouseX, qRound(lineY));
-            if (m_button->isHidden())
-                m_button->show();
-        } else {
-            for (const QPointer<OrderLine> &line : qAsConst(m_widgets)) {
-                // Lines already taken off the panel keep no box on it.
-                OrderLineButton *b = line && line->plot() ? line->button() : nullptr;
-                if (!b)
-                    continue;
-                if (under && b->isHidden())
-                    b->show();
-                else if (!under && !b->isHidden())
-                    b->hide();
-            }
-        }
-    }
-    return PriceLine::eventFilter(watched, event);
+    return QObject::eventFilter(watched, event);
 }

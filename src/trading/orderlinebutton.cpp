@@ -99,14 +99,14 @@ bool OrderLineButton::event(QEvent *event)
         event->accept();
         return true;
     case QEvent::HoverLeave:
-        if (isVisible())
+        if (isVisible() && m_hidesOnLeave)
             hideAndTell();
         event->accept();
         return true;
     case QEvent::HoverMove: {
         const QHoverEvent *he = static_cast<QHoverEvent *>(event);
         if (!m_inside.contains(he->posF())) {
-            if (isVisible())
+            if (isVisible() && m_hidesOnLeave)
                 hideAndTell();
             event->accept();
             return false;

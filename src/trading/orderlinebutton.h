@@ -30,6 +30,11 @@ public:
     // The cancel button of an order, the close button of a position.
     QPushButton *cancelButton() const { return m_cancel; }
 
+    // Whether the box hides as the mouse leaves it (a lone box does; a box
+    // in a stack is hidden by its line).
+    void setHidesOnLeave(bool on) { m_hidesOnLeave = on; }
+    bool hidesOnLeave() const { return m_hidesOnLeave; }
+
     QPainterPath outline() const { return m_outline; }
     QPainterPath insidePath() const { return m_inside; }
 
@@ -49,6 +54,7 @@ private:
     QPointer<QPushButton> m_cancel;
     QPainterPath m_outline;
     QPainterPath m_inside;
+    bool m_hidesOnLeave = true;
 };
 
 #endif // ORDERLINEBUTTON_H

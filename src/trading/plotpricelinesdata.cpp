@@ -2,15 +2,17 @@
 
 #include "orderline.h"
 #include "orderlinebutton.h"
-#include "plot.h"
 #include "positionline.h"
 #include "priceline.h"
 
 #include <QDebug>
 #include <QMetaObject>
+#include <QMouseEvent>
 #include <QPointer>
 
+#include <qwt_plot.h>
 #include <qwt_plot_canvas.h>
+#include <qwt_scale_widget.h>
 
 namespace {
 
@@ -33,12 +35,19 @@ void connectByName(QObject *line, const char *signal, QObject *target, const cha
 
 } // namespace
 
-PlotPriceLinesData::PlotPriceLinesData(Plot *plot)
+PlotPriceLinesData::PlotPriceLinesData(QwtPlot *plot)
     : m_plot(plot)
+    , m_canvas(plot->canvas())
 {
+    m_canvas->installEventFilter(this);
+    m_canvas->setMouseTracking(true);
     m_tickLine = new PriceLine;
     m_tickLine->setLabelKind(0);
     m_tickLine->attach(plot);
+    // Before the lines' own connections: every line is laid out again
+    // before the hover is judged on the new scale.
+    connect(plot->axisWidget(QwtPlot::yRight), &QwtScaleWidget::scaleDivChanged, this,
+            &PlotPriceLinesData::rehover);
 }
 
 PlotPriceLinesData::~PlotPriceLinesData()
@@ -89,14 +98,24 @@ void PlotPriceLinesData::drawPositionLine(double price, long count, const QStrin
         line->setCount(count);
         line->attach(m_plot);
         m_lines.insert(id, line);
-        line->setMode(m_plot->getCursorStyle());
+        line->setMode(m_cursorStyle);
+        // Lines hear the mouse before any canvas filter installed since.
+        if (m_canvas)
+            m_canvas->installEventFilter(this);
     }
+    const double oldPrice = line->yValue();
     line->setPrice(price);
     line->setValue(line->xValue(), price);
     line->setCount(count);
-    if (qobject_cast<OrderLine *>(line))
-        mergeOrderLinePositionLabelShow(line->yValue());
+    if (OrderLine *order = qobject_cast<OrderLine *>(line)) {
+        // A line that moves leaves its old group; both groups are stacked
+        // again.
+        if (oldPrice != price)
+            mergeOrderLinePositionLabelShow(oldPrice);
+        mergeOrderLinePositionLabelShow(order->yValue());
+    }
     line->setVisible(true);
+    rehover();
 }
 
 void PlotPriceLinesData::deletePositionLine(const QString &id)
@@ -107,6 +126,7 @@ void PlotPriceLinesData::deletePositionLine(const QString &id)
     const double y = line->yValue();
     line->dispose();
     mergeOrderLinePositionLabelShow(y);
+    rehover();
 }
 
 void PlotPriceLinesData::mergeOrderLinePositionLabelShow(double price)
@@ -133,9 +153,10 @@ void PlotPriceLinesData::mergeOrderLinePositionLabelShow(double price)
     int height = StackGap * (n - 1);
     for (const QPointer<OrderLine> &order : qAsConst(group))
         height += order->button()->height();
+    const int first = group.first()->button()->height();
     int offset = 0;
     for (const QPointer<OrderLine> &order : qAsConst(group)) {
-        order->setStackSlot(offset, height);
+        order->setStackSlot(offset, height, first);
         offset += order->button()->height() + StackGap;
     }
 }
@@ -177,6 +198,7 @@ void PlotPriceLinesData::hideTickLine()
 
 void PlotPriceLinesData::setCursorStyle(int style)
 {
+    m_cursorStyle = style;
     for (PriceLine *line : qAsConst(m_lines))
         line->setMode(style);
 }
@@ -184,4 +206,65 @@ void PlotPriceLinesData::setCursorStyle(int style)
 void PlotPriceLinesData::setPriceLineColor(const QColor &color, int)
 {
     m_color = color;
+}
+
+bool PlotPriceLinesData::hover(const QPointF &pos)
+{
+    bool claimed = false;
+    const QMap<QString, PriceLine *> lines = m_lines; // a host slot may edit the map
+    for (PriceLine *line : lines) {
+        if (line->isListening())
+            claimed = line->hoverMove(pos) || claimed;
+    }
+    return claimed;
+}
+
+void PlotPriceLinesData::rehover()
+{
+    if (!m_hovering)
+        return;
+    updateLabels();
+    hover(m_lastHover);
+}
+
+bool PlotPriceLinesData::eventFilter(QObject *watched, QEvent *event)
+{
+    if (!m_canvas || watched != m_canvas)
+        return QObject::eventFilter(watched, event);
+    switch (event->type()) {
+    case QEvent::Resize:
+        updateLabels();
+        rehover();
+        break;
+    case QEvent::Leave: {
+        m_hovering = false;
+        const QMap<QString, PriceLine *> lines = m_lines;
+        for (PriceLine *line : lines) {
+            if (line->isListening())
+                line->mouseLeft();
+        }
+        break;
+    }
+    case QEvent::MouseMove: {
+        const QMouseEvent *me = static_cast<QMouseEvent *>(event);
+        if (me->buttons() != Qt::NoButton) {
+            // A drag (the chart pans, a tool draws): not the lines' business.
+            m_hovering = false;
+            const QMap<QString, PriceLine *> lines = m_lines;
+            for (PriceLine *line : lines)
+                line->dropHover();
+            break;
+        }
+        m_hovering = true;
+        m_lastHover = me->localPos();
+        if (hover(m_lastHover)) {
+            event->accept();
+            return true;
+        }
+        break;
+    }
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
 }

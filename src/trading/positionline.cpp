@@ -2,7 +2,6 @@
 
 #include "orderlinebutton.h"
 
-#include <QMouseEvent>
 #include <QPushButton>
 #include <qwt_plot.h>
 
@@ -37,20 +36,22 @@ void PositionLine::onCancel()
     Q_EMIT onPositionCancel(id());
 }
 
-bool PositionLine::eventFilter(QObject *watched, QEvent *event)
+bool PositionLine::hoverMove(const QPointF &pos)
 {
-    if (m_button && canvasWidget() && watched == canvasWidget()) {
-        if (event->type() == QEvent::MouseMove) {
-            const QMouseEvent *me = static_cast<QMouseEvent *>(event);
-            if (std::abs(me->localPos().y() - linePixelY()) < Reach) {
-                if (m_button->isHidden())
-                    m_button->show();
-            } else if (!m_button->isHidden()) {
-                m_button->hide();
-            }
-        } else if (event->type() == QEvent::Leave && !m_button->isHidden()) {
+    if (m_button) {
+        if (std::abs(pos.y() - linePixelY()) < Reach) {
+            if (m_button->isHidden())
+                m_button->show();
+        } else if (!m_button->isHidden()) {
             m_button->hide();
         }
     }
-    return PriceLine::eventFilter(watched, event);
+    return PriceLine::hoverMove(pos);
+}
+
+void PositionLine::mouseLeft()
+{
+    if (m_button && !m_button->isHidden())
+        m_button->hide();
+    PriceLine::mouseLeft();
 }

@@ -12,6 +12,9 @@ class PositionLine : public PriceLine
 public:
     PositionLine();
 
+    bool hoverMove(const QPointF &pos) override;
+    void mouseLeft() override;
+
 Q_SIGNALS:
     void onPositionCancel(QString orderid);
 
@@ -19,7 +22,6 @@ public Q_SLOTS:
     void onCancel();
 
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
     void placeButton() override;
 };
 

@@ -2,12 +2,10 @@
 
 #include "linelabeltext.h"
 #include "orderlinebutton.h"
-#include "plot.h"
 #include "pricelabeltext.h"
+#include "priceprecision.h"
 
-#include <QEvent>
 #include <QLabel>
-#include <QMouseEvent>
 #include <qwt_plot.h>
 #include <qwt_plot_canvas.h>
 #include <qwt_scale_map.h>
@@ -129,8 +127,7 @@ void PriceLine::attach(QwtPlot *plot)
     setVisible(false);
 
     m_canvas = plot->canvas();
-    m_canvas->installEventFilter(this);
-    m_canvas->setMouseTracking(true);
+    m_canvas->setMouseTracking(true); // moves arrive without a pressed button
 
     QwtScaleWidget *axis = plot->axisWidget(QwtPlot::yRight);
     connect(axis, SIGNAL(scaleDivChanged()), this, SLOT(updatePartnerPos()));
@@ -158,9 +155,14 @@ void PriceLine::setEditable(bool on)
     if (!m_hasButton)
         return; // the tick line always follows the chart
     m_editable = on;
-    installCanvasFilter(on);
-    if (!on && m_button)
-        m_button->hide();
+    // No move will come to clear what the mouse left shown.
+    if (!on)
+        dropHover();
+}
+
+bool PriceLine::isListening() const
+{
+    return m_hasButton && m_editable && canvasWidget();
 }
 
 void PriceLine::setValue(double x, double y)
@@ -236,43 +238,42 @@ void PriceLine::updatePartnerPos()
     updateLabel();
 }
 
-bool PriceLine::eventFilter(QObject *watched, QEvent *event)
+bool PriceLine::hoverMove(const QPointF &pos)
 {
-    if (!canvasWidget() || watched != canvasWidget())
-        return QObject::eventFilter(watched, event);
-
-    const bool follows = m_kind == 1 || m_kind == 2;
-    switch (event->type()) {
-    case QEvent::Resize:
-        updateLabel();
-        break;
-    case QEvent::Leave:
-        if (follows && m_label && !m_label->isHidden())
-            m_label->hide();
-        break;
-    case QEvent::MouseMove:
-        if (follows) {
-            const QMouseEvent *me = static_cast<QMouseEvent *>(event);
-            if (std::abs(me->localPos().y() - linePixelY()) < HoverReach) {
-                setLinePen(m_hoverPen);
-                if (m_label && m_label->isHidden())
-                    m_label->show();
-                event->accept();
-                return true;
-            }
-            // The hover pen also outlives a leave of the canvas, so it is
-            // dropped on the first move away even when the label is hidden.
-            if ((m_label && !m_label->isHidden()) || linePen() != m_normalPen) {
-                setLinePen(m_normalPen);
-                if (m_label)
-                    m_label->hide();
-            }
-        }
-        break;
-    default:
-        break;
+    if (!highlights())
+        return false;
+    if (std::abs(pos.y() - linePixelY()) < HoverReach) {
+        setLinePen(m_hoverPen);
+        if (m_label && m_label->isHidden())
+            m_label->show();
+        return true;
     }
-    return QObject::eventFilter(watched, event);
+    // The hover pen also outlives a leave of the canvas, so it is dropped on
+    // the first move away even when the label is hidden.
+    if ((m_label && !m_label->isHidden()) || linePen() != m_normalPen) {
+        setLinePen(m_normalPen);
+        if (m_label)
+            m_label->hide();
+    }
+    return false;
+}
+
+void PriceLine::mouseLeft()
+{
+    if (highlights() && m_label && !m_label->isHidden())
+        m_label->hide();
+}
+
+void PriceLine::dropHover()
+{
+    if (m_button && !m_button->isHidden())
+        m_button->hide();
+    if (!highlights())
+        return;
+    if (linePen() != m_normalPen)
+        setLinePen(m_normalPen);
+    if (m_label && !m_label->isHidden())
+        m_label->hide();
 }
 
 void PriceLine::itemChanged()
@@ -293,25 +294,8 @@ QwtScaleWidget *PriceLine::axisWidget() const
 
 int PriceLine::priceDecimals() const
 {
-    const Plot *p = qobject_cast<const Plot *>(plot());
+    const auto *p = dynamic_cast<const PricePrecision *>(plot());
     return p ? p->priceDecimals() : -1;
-}
-
-void PriceLine::installCanvasFilter(bool on)
-{
-    QWidget *canvas = canvasWidget();
-    if (!canvas)
-        return;
-    if (on) {
-        canvas->installEventFilter(this);
-        return;
-    }
-    canvas->removeEventFilter(this);
-    if (m_kind == 1 || m_kind == 2) {
-        setLinePen(m_normalPen);
-        if (m_label)
-            m_label->hide();
-    }
 }
 
 void PriceLine::retire()
@@ -320,8 +304,6 @@ void PriceLine::retire()
         m_button->removeEventFilter(this);
         m_button->hide();
     }
-    if (m_canvas)
-        m_canvas->removeEventFilter(this);
     if (m_label)
         m_label->hide();
     if (QwtPlot *p = plot()) {

@@ -21,6 +21,10 @@ class QwtScaleWidget;
 // Order and position lines carry a box (text and buttons) on the canvas next
 // to the line; the box handling shared by both lives here and does nothing
 // for a line without one (the tick line).
+//
+// The mouse reaches the lines through their panel's PlotPriceLinesData,
+// which watches the canvas once for all of them (so that no line can keep
+// a move from another): hoverMove, mouseLeft and dropHover below.
 class PriceLine : public QObject, public QwtPlotMarker
 {
     Q_OBJECT
@@ -71,20 +75,30 @@ public:
     // Canvas pixel height of the line, or NaN while not attached.
     double linePixelY() const;
 
+    // The mouse moved over the canvas with no button held: kinds 1 and 2
+    // highlight the line and show its label within 6 px. True when the move
+    // is the line's (the canvas below does not see it then).
+    virtual bool hoverMove(const QPointF &pos);
+    // The mouse left the canvas: the label hides (the pen stays until the
+    // next move away).
+    virtual void mouseLeft();
+    // The mouse is busy elsewhere (a drag with a button held, the line no
+    // longer listening): box, label and highlight go.
+    virtual void dropHover();
+    // Whether the line listens to the mouse (pointer modes only).
+    bool isListening() const;
+
 public Q_SLOTS:
     void updatePartnerPos();
 
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
     void itemChanged() override;
 
     QWidget *canvasWidget() const;
     QwtScaleWidget *axisWidget() const;
     // Number of price decimals of the panel; -1 when not on a chart panel.
     int priceDecimals() const;
-    // Starts or stops listening to the canvas; a line that stops listening
-    // also drops its hover state, as no move will come to clear it.
-    void installCanvasFilter(bool on);
+    bool highlights() const { return m_kind == 1 || m_kind == 2; }
 
     // Hands the line its box, which it owns from then on.
     void setButton(OrderLineButton *button);
