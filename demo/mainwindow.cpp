@@ -2,6 +2,7 @@
 
 #include "barfile.h"
 #include "demochart.h"
+#include "drawingshowcase.h"
 #include "marketfeed.h"
 #include "orderentry.h"
 #include "orderlog.h"
@@ -146,7 +147,6 @@ void MainWindow::buildToolBars()
         a->setCheckable(true);
         a->setData(qlonglong(t.type));
         a->setChecked(t.type == 3);
-        a->setEnabled(QList<long>{1, 2, 3, 6, 28, 29, 30}.contains(t.type)); // the rest come later
         cursorGroup->addAction(a);
         const long type = t.type;
         connect(a, &QAction::triggered, this, [this, type] { chart->SetCursorType(type); });
@@ -179,6 +179,15 @@ void MainWindow::buildMenus()
     volume->setChecked(true);
     connect(volume, &QAction::toggled, this, [this](bool on) { chart->SetChartPanelType(0, on); });
     view->addAction(tr("&Reset zoom"), this, [this] { chart->ResetZoom(); });
+    view->addAction(tr("&Draw one of each tool"), this, [this] {
+        // On the S&P 500 candles, one zoom step out, as the README's picture.
+        dataSets->setCurrentIndex(0);
+        chart->ResetZoom();
+        chart->ZoomOut(1);
+        QCoreApplication::processEvents();
+        if (!DrawingShowcase::drawOneOfEach(*chart))
+            orderLog->log(tr("no panel on screen to draw on"));
+    });
 
     QMenu *menu = menuBar()->addMenu(tr("&Panels"));
     menu->addAction(tr("&Close the lowest panel"), panels, &PanelSet::closeLowest);

@@ -7,9 +7,12 @@
 #include "markregistry.h"
 #include "orderentrysink.h"
 #include "plot.h"
+#include "plotrectmark.h"
 #include "plotscrollbar.h"
 #include "pricegraphprivate.h"
+#include "rectmark.h"
 #include "sampletimetable.h"
+#include "shapegeometry.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -543,6 +546,12 @@ void FuzzDriver::checkMarks(const char *what, bool gestureOver)
         Plot *host = dynamic_cast<Plot *>(m->plot());
         if (!host || !panels.contains(host))
             qFatal("invariant: a mark outlived its panel after %s", what);
+        if (auto *rect = dynamic_cast<PlotRectMark *>(m)) {
+            for (int i = 0; i < ShapeGeometry::GripCount; ++i) {
+                if (rect->rectMark()->grip(i) && rect->rectMark()->grip(i)->parent() != host->canvas())
+                    qFatal("invariant: a grip is off its rectangle's canvas after %s", what);
+            }
+        }
         for (int i = 0; i < m->count(); ++i) {
             if (m->handle(i) && m->handle(i)->parent() != host->canvas())
                 qFatal("invariant: a handle is off its mark's canvas after %s", what);

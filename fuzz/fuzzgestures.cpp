@@ -3,6 +3,9 @@
 #include "fuzzchart.h"
 #include "markregistry.h"
 #include "plot.h"
+#include "plotrectmark.h"
+#include "rectmark.h"
+#include "shapegeometry.h"
 #include "pricegraphprivate.h"
 
 #include <QApplication>
@@ -325,9 +328,10 @@ void sendKey(QObject *target, QEvent::Type type, int key)
 
 long FuzzDriver::pickDrawingType()
 {
-    const long types[] = {2, 27, 28, 29, 30, 2, 30, 28, 9, 11, 24, 31, 5, 0, 12, 3};
+    const long types[] = {2, 27, 28, 29, 30, 9, 11, 24, 31, 0, 12, 3, 4, 5, 7, 8,
+                          10, 21, 22, 23, 25, 26, 5, 7, 8, 10, 22, 23, 25, 26, 4, 2};
     const uint8_t b = m_in.byte();
-    return b & 0x80 ? pickCursor() : types[b % 16];
+    return b & 0x80 ? pickCursor() : types[b % 32];
 }
 
 MarkSelfDraw *FuzzDriver::pickMark()
@@ -403,6 +407,9 @@ void FuzzDriver::markGesture()
     const uint8_t b = m_in.byte();
     const int i = b % qMax(1, mark->count());
     QPointer<QWidget> target = (b & 0x10) ? mark->handle(i) : mark->plot()->canvas();
+    // A rectangle has grips instead of handles.
+    if (auto *rect = dynamic_cast<PlotRectMark *>(mark.data()); rect && (b & 0x10))
+        target = rect->rectMark()->grip((b >> 5) % ShapeGeometry::GripCount);
     if (!target)
         return;
     QPoint p(7, 7);

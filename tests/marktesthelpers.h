@@ -62,6 +62,40 @@ inline MarkSelfDraw *draw(PriceGraph *chart, Plot *panel, long type, QPoint from
     return nullptr;
 }
 
+// Drags a handle (or grip) widget by `delta` with the left button.
+inline void dragHandle(QWidget *handle, QPoint delta)
+{
+    const QPoint centre(7, 7);
+    sendMouse(handle, QEvent::MouseButtonPress, centre, Qt::LeftButton, Qt::LeftButton);
+    sendMouse(handle, QEvent::MouseMove, centre + delta, Qt::NoButton, Qt::LeftButton);
+    sendMouse(handle, QEvent::MouseButtonRelease, centre + delta, Qt::LeftButton, Qt::NoButton);
+}
+
+// Pixel tests paint the mark magenta: nothing else on the chart is.
+inline bool magenta(QRgb p) { return qRed(p) > 90 && qBlue(p) > 90 && qGreen(p) < qRed(p) / 2; }
+
+// A magenta pixel within one of `at` (antialiased lines spread).
+inline bool markAt(const QImage &image, QPointF at)
+{
+    for (int dy = -1; dy <= 1; ++dy) {
+        for (int dx = -1; dx <= 1; ++dx) {
+            const QPoint p = at.toPoint() + QPoint(dx, dy);
+            if (image.rect().contains(p) && magenta(image.pixel(p)))
+                return true;
+        }
+    }
+    return false;
+}
+
+// The canvas of `m`'s panel as drawn, the mark magenta and unselected.
+inline QImage paintedMagenta(MarkSelfDraw *m)
+{
+    m->setColor(QColor(255, 0, 255));
+    m->setSelected(false);
+    m->plot()->replot();
+    return m->plot()->canvas()->grab().toImage();
+}
+
 // Plot coordinates of a canvas pixel of `panel`.
 inline QPointF toPlot(Plot *panel, QPointF pos)
 {

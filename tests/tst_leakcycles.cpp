@@ -151,10 +151,13 @@ void tst_LeakCycles::runCycle(const QVector<Bar> &bars, int cycle)
             QWheelEvent wheel(QPointF(c), QPointF(w->mapToGlobal(c)), QPoint(), QPoint(0, 120),
                               Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
             QApplication::sendEvent(w, &wheel);
-            // One of each line tool; the last drawn (selected) is deleted.
-            for (long tool : {2L, 30L, 28L, 29L}) {
+            // One of each tool, side by side so that no press lands on a
+            // mark drawn before; the last drawn (selected) is deleted.
+            int left = -150;
+            for (long tool : {2L, 30L, 28L, 29L, 4L, 5L, 7L, 8L, 10L, 22L, 25L, 26L, 23L}) {
                 chart->SetCursorType(tool);
-                drag(w, Qt::LeftButton, c + QPoint(-60, -20), c + QPoint(40, 30));
+                drag(w, Qt::LeftButton, c + QPoint(left, -60), c + QPoint(left + 20, -20));
+                left += 25;
             }
             QKeyEvent del(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
             QApplication::sendEvent(w, &del);

@@ -44,6 +44,16 @@ private Q_SLOTS:
         QTest::newRow("vertical line") << 29L << 0 << int(MarkRegistry::VerticalLine);
         QTest::newRow("vertical line from a lower panel") << 29L << 1
                                                           << int(MarkRegistry::VerticalLine);
+        QTest::newRow("time zones") << 4L << 0 << int(MarkRegistry::FibonacciTimeZones);
+        QTest::newRow("retracement") << 5L << 1 << int(MarkRegistry::FibonacciRetracement);
+        QTest::newRow("fan") << 25L << 0 << int(MarkRegistry::FibonacciFan);
+        QTest::newRow("expansion") << 26L << 0 << int(MarkRegistry::FibonacciExpansion);
+        QTest::newRow("price channel") << 7L << 0 << int(MarkRegistry::PriceChannel);
+        QTest::newRow("pitchfork") << 8L << 0 << int(MarkRegistry::Pitchfork);
+        QTest::newRow("triangle") << 23L << 0 << int(MarkRegistry::Triangle);
+        QTest::newRow("ellipse") << 22L << 1 << int(MarkRegistry::Ellipse);
+        QTest::newRow("rectangle") << 10L << 0 << int(MarkRegistry::Rectangle);
+        QTest::newRow("rectangle, second type") << 21L << 1 << int(MarkRegistry::Rectangle);
     }
     void gestureCreatesAndSeeds()
     {
@@ -67,7 +77,31 @@ private Q_SLOTS:
             QCOMPARE(each->getCursorStyle(), 3);
 
         const QPointF start = toPlot(p, from), end = toPlot(p, to);
+        // A price span of n pixels, as the tools are seeded with.
+        auto span = [&](int n) { return toPlot(p, QPointF(0, n)).y() - toPlot(p, QPointF()).y(); };
         switch (kind) {
+        case MarkRegistry::PriceChannel:
+            QCOMPARE(m->pointAt(1), end);
+            QCOMPARE(m->pointAt(2), (start + end) * 0.5 + QPointF(0, span(55)));
+            break;
+        case MarkRegistry::Pitchfork:
+            // The reaction points travelled with the centre.
+            QCOMPARE(m->pointAt(0), start);
+            QCOMPARE(handleCentre(m, 2), to + QPoint(0, 100));
+            QCOMPARE(handleCentre(m, 3), to - QPoint(0, 100));
+            break;
+        case MarkRegistry::Triangle:
+            QCOMPARE(handleCentre(m, 0), from);
+            QCOMPARE(handleCentre(m, 1), from + QPoint(60, 0));
+            QCOMPARE(handleCentre(m, 2), to);
+            break;
+        case MarkRegistry::Ellipse:
+        case MarkRegistry::Rectangle: {
+            const int far = kind == MarkRegistry::Ellipse ? 4 : 1;
+            QCOMPARE(handleCentre(m, 0), QPoint(200, 40));
+            QCOMPARE(handleCentre(m, far), QPoint(420, 90));
+            break;
+        }
         case MarkRegistry::HorizontalLine:
             // The mouse's price; the time stays mid-canvas.
             QCOMPARE(m->plot(), p);
@@ -80,9 +114,12 @@ private Q_SLOTS:
             QCOMPARE(m->pointAt(0).x(), end.x());
             break;
         default:
+            // Two anchors from the press to the mouse; the expansion's
+            // third stays on its second until dragged.
             QCOMPARE(m->plot(), p);
             QCOMPARE(m->pointAt(0), start);
             QCOMPARE(m->pointAt(1), end);
+            QCOMPARE(m->pointAt(2), m->count() > 2 ? end : QPointF());
             break;
         }
         VERIFY_HANDLES_ON_ANCHORS(chart);
@@ -104,7 +141,8 @@ private Q_SLOTS:
         QTest::newRow("24 returns to the arrow") << 24L << false << false << 3L;
         QTest::newRow("above 30 acts as 9") << 31L << false << false << 3L;
         QTest::newRow("far above 30") << 5000L << false << false << 3L;
-        QTest::newRow("tool of a later issue") << 5L << false << false << 3L;
+        QTest::newRow("retracement never pans") << 5L << true << false << 3L;
+        QTest::newRow("rectangle never pans") << 10L << true << false << 3L;
         QTest::newRow("trend line never pans") << 2L << true << false << 3L;
         QTest::newRow("ray never pans") << 30L << true << false << 3L;
     }

@@ -1,5 +1,6 @@
 #include "markgeometry.h"
 
+#include <algorithm>
 #include <climits>
 #include <cmath>
 
@@ -43,6 +44,27 @@ bool MarkGeometry::nearLine(int line, int coordinate)
     return std::abs(float(coordinate) - float(line)) < Tolerance;
 }
 
+bool MarkGeometry::nearSegment(QPointF a, QPointF b, QPointF p)
+{
+    const QPointF v = b - a, w = p - a;
+    const double length2 = QPointF::dotProduct(v, v);
+    double t = length2 > 0.0 ? QPointF::dotProduct(w, v) / length2 : 0.0;
+    if (!std::isfinite(t))
+        return false;
+    t = std::max(0.0, std::min(1.0, t));
+    const QPointF off = w - t * v;
+    return std::hypot(off.x(), off.y()) < Tolerance;
+}
+
+bool MarkGeometry::nearAny(const QVector<QLineF> &lines, QPointF p)
+{
+    for (const QLineF &line : lines) {
+        if (!line.isNull() && nearSegment(line.p1(), line.p2(), p))
+            return true;
+    }
+    return false;
+}
+
 bool MarkGeometry::clip(QPointF &a, QPointF &b, const QRectF &rect)
 {
     const double dx = b.x() - a.x(), dy = b.y() - a.y();
@@ -70,6 +92,40 @@ bool MarkGeometry::clip(QPointF &a, QPointF &b, const QRectF &rect)
     a = from + t0 * QPointF(dx, dy);
     b = from + t1 * QPointF(dx, dy);
     return true;
+}
+
+QLineF MarkGeometry::rayInside(QPointF from, QPointF through, const QRectF &rect)
+{
+    QPointF end = rayEnd(from, through, rect);
+    if (end == from)
+        return QLineF();
+    return segmentInside(from, end, rect);
+}
+
+QLineF MarkGeometry::segmentInside(QPointF a, QPointF b, const QRectF &rect)
+{
+    if (!clip(a, b, rect))
+        return QLineF();
+    return QLineF(a, b);
+}
+
+QRectF MarkGeometry::keepInside(QRectF box, const QRectF &rect)
+{
+    if (box.right() > rect.right())
+        box.moveRight(rect.right());
+    if (box.bottom() > rect.bottom())
+        box.moveBottom(rect.bottom());
+    if (box.left() < rect.left())
+        box.moveLeft(rect.left());
+    if (box.top() < rect.top())
+        box.moveTop(rect.top());
+    return box;
+}
+
+QRect MarkGeometry::spanned(QPoint a, QPoint b)
+{
+    return QRect(QPoint(std::min(a.x(), b.x()), std::min(a.y(), b.y())),
+                 QPoint(std::max(a.x(), b.x()), std::max(a.y(), b.y())));
 }
 
 QPointF MarkGeometry::direction(QPointF a, QPointF b)

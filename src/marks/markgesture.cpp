@@ -1,12 +1,23 @@
 #include "markgesture.h"
 
+#include "markgeometry.h"
 #include "plot.h"
+#include "plotandrewpichforkmark.h"
+#include "plotellipsemark.h"
+#include "plotequidistancepricechannel.h"
+#include "plotfibonacciexpansion.h"
+#include "plotfibonaccifan.h"
+#include "plotfibonacciretracementmark.h"
+#include "plotfibonaccitimezonesmark.h"
 #include "plothorizontalmark.h"
 #include "plotlinemark.h"
 #include "plotraymark.h"
+#include "plotrectmark.h"
+#include "plottrianglemark.h"
 #include "plotverticallinemark.h"
 #include "pricegraph.h"
 #include "pricegraphprivate.h"
+#include "rectmark.h"
 
 #include <QMouseEvent>
 
@@ -77,7 +88,8 @@ bool MarkGesture::beginMark(const QPoint &pos)
     }
     endGesture(); // a second press before the release: the first mark is done
     Plot *host = kind == MarkRegistry::VerticalLine ? mainPanel() : m_plot;
-    mark->attachToPlot(host);
+    if (kind != MarkRegistry::Pitchfork) // attached once its four anchors are set
+        mark->attachToPlot(host);
     switch (kind) {
     case MarkRegistry::HorizontalLine:
         mark->setPoint(0, horizontalAnchor(pos));
@@ -87,12 +99,44 @@ bool MarkGesture::beginMark(const QPoint &pos)
         mark->setPoint(0, verticalAnchor(pos));
         mark->updateHandleFromPoint(0);
         break;
-    default:
+    case MarkRegistry::PriceChannel:
         mark->setPoint(0, press);
         mark->setPoint(1, press);
+        static_cast<PlotEquidistancePriceChannel *>(mark)->setChannelOffset(priceSpan(55));
+        break;
+    case MarkRegistry::Pitchfork:
+        mark->setPoint(0, press);
+        mark->setPoint(1, press);
+        mark->setPoint(2, press + QPointF(0.0, priceSpan(100)));
+        mark->setPoint(3, press - QPointF(0.0, priceSpan(100)));
+        mark->attachToPlot(host);
+        break;
+    case MarkRegistry::Rectangle:
+        static_cast<PlotRectMark *>(mark)->setFirstCorner(pos);
+        stretchBox(mark, pos);
+        break;
+    case MarkRegistry::Ellipse:
+        static_cast<PlotEllipseMark *>(mark)->setFirstCorner(pos);
+        stretchBox(mark, pos);
+        break;
+    case MarkRegistry::Triangle:
+        mark->moveHandleTo(0, pos);
+        mark->moveHandleTo(2, pos);
+        mark->moveHandleTo(1, pos + QPoint(60, 0));
+        for (int i : {0, 2, 1})
+            mark->updatePointFromHandle(i);
+        break;
+    default:
+        // The fan and the expansion have their handles on the press at once.
+        for (int i = 0; i < mark->count(); ++i) {
+            mark->setPoint(i, press);
+            if (kind == MarkRegistry::FibonacciFan || kind == MarkRegistry::FibonacciExpansion)
+                mark->updateHandleFromPoint(i);
+        }
         break;
     }
-    mark->setState(1);
+    if (kind != MarkRegistry::Ellipse && kind != MarkRegistry::Triangle)
+        mark->setState(1);
     mark->setSelected(true);
     mark->setColor(m_drawColor);
     if (m_registry)
@@ -122,9 +166,33 @@ void MarkGesture::dragMark(const QPoint &pos)
         mark->setPoint(0, verticalAnchor(pos));
         mark->updateHandleFromPoint(0);
         break;
+    case 10:
+    case 21:
+    case 22:
+        stretchBox(mark, pos);
+        m_plot->replot();
+        break;
+    case 23: // the triangle's last vertex
+        mark->moveHandleTo(2, pos);
+        mark->updatePointFromHandle(2);
+        m_plot->replot();
+        break;
+    case 25:
+    case 26:
+        // The fan's anchor 1; the expansion's 1 and 2 together.
+        for (int i = 1; i <= (type == 26 ? 2 : 1); ++i) {
+            mark->moveHandleTo(i, pos);
+            mark->updatePointFromHandle(i);
+        }
+        m_plot->replot();
+        break;
     default:
         mark->setPoint(1, toPlot(m_plot, pos));
         mark->updateHandleFromPoint(1);
+        if (auto *channel = type == 7 ? static_cast<PlotEquidistancePriceChannel *>(mark) : nullptr)
+            channel->setChannelOffset(channel->getChannelOffset()); // anchor 2 follows
+        else if (type == 8) // the reaction points travel with the centre
+            mark->onHandleMoved(1);
         m_plot->replot();
         break;
     }
@@ -165,6 +233,34 @@ MarkSelfDraw *MarkGesture::create(int type, MarkRegistry::Kind &kind) const
     case 27:
         kind = MarkRegistry::TrendLine;
         return new PlotLineMark;
+    case 4:
+        kind = MarkRegistry::FibonacciTimeZones;
+        return new PlotFibonacciTimeZonesMark;
+    case 5:
+        kind = MarkRegistry::FibonacciRetracement;
+        return new PlotFibonacciRetracementMark;
+    case 7:
+        kind = MarkRegistry::PriceChannel;
+        return new PlotEquidistancePriceChannel;
+    case 8:
+        kind = MarkRegistry::Pitchfork;
+        return new PlotAndrewPichforkMark;
+    case 10:
+    case 21:
+        kind = MarkRegistry::Rectangle;
+        return new PlotRectMark;
+    case 22:
+        kind = MarkRegistry::Ellipse;
+        return new PlotEllipseMark;
+    case 23:
+        kind = MarkRegistry::Triangle;
+        return new PlotTriangleMark;
+    case 25:
+        kind = MarkRegistry::FibonacciFan;
+        return new PlotFibonacciFan;
+    case 26:
+        kind = MarkRegistry::FibonacciExpansion;
+        return new PlotFibonacciExpansion;
     case 28:
         kind = MarkRegistry::HorizontalLine;
         return new PlotHorizontalMark;
@@ -185,6 +281,25 @@ bool MarkGesture::isExpected(int type, MarkSelfDraw *mark)
     case 2:
     case 27:
         return dynamic_cast<PlotLineMark *>(mark);
+    case 4:
+        return dynamic_cast<PlotFibonacciTimeZonesMark *>(mark);
+    case 5:
+        return dynamic_cast<PlotFibonacciRetracementMark *>(mark);
+    case 7:
+        return dynamic_cast<PlotEquidistancePriceChannel *>(mark);
+    case 8:
+        return dynamic_cast<PlotAndrewPichforkMark *>(mark);
+    case 10:
+    case 21:
+        return dynamic_cast<PlotRectMark *>(mark);
+    case 22:
+        return dynamic_cast<PlotEllipseMark *>(mark);
+    case 23:
+        return dynamic_cast<PlotTriangleMark *>(mark);
+    case 25:
+        return dynamic_cast<PlotFibonacciFan *>(mark);
+    case 26:
+        return dynamic_cast<PlotFibonacciExpansion *>(mark);
     case 28:
         return dynamic_cast<PlotHorizontalMark *>(mark);
     case 29:
@@ -200,6 +315,25 @@ QPointF MarkGesture::toPlot(Plot *panel, QPointF pos)
 {
     return QwtScaleMap::invTransform(panel->canvasMap(QwtPlot::xBottom),
                                      panel->canvasMap(QwtPlot::yRight), pos);
+}
+
+// "The price span of n pixels": negative, since prices fall down the canvas.
+double MarkGesture::priceSpan(int pixels) const
+{
+    const QwtScaleMap yMap = m_plot->canvasMap(QwtPlot::yRight);
+    return yMap.invTransform(pixels) - yMap.invTransform(0.0);
+}
+
+// The ellipse and the rectangle span from the press to the mouse.
+void MarkGesture::stretchBox(MarkSelfDraw *mark, const QPoint &pos)
+{
+    if (auto *ellipse = dynamic_cast<PlotEllipseMark *>(mark)) {
+        ellipse->setRectInCanvas(MarkGeometry::spanned(ellipse->getFirstCorner(), pos));
+    } else if (auto *rect = dynamic_cast<PlotRectMark *>(mark)) {
+        const QRect box = MarkGeometry::spanned(rect->getFirstCorner(), pos);
+        rect->rectMark()->setRect(box);
+        rect->setWithRectInCanvas(box);
+    }
 }
 
 // The horizontal line's time is mid-canvas; only the mouse's price counts.

@@ -21,8 +21,12 @@ class QEvent;
 //   12 to 20    (text tool, icon objects) act as 3 until they are built;
 //   2, 27       trend line        28  horizontal line
 //   29          vertical line     30  ray
+//   4  Fibonacci time zones       5   Fibonacci retracement
+//   25 Fibonacci fan              26  Fibonacci expansion
+//   7  price channel              8   pitchfork
+//   10, 21 rectangle              22  ellipse          23  triangle
 //   9, 11, 24 and above 30: a press creates nothing and returns to 3;
-//   0 and the tools not built yet: the press passes, the release returns to 3.
+//   0: the press passes, the release returns to 3.
 // While a type routes the canvas every mouse move on it is consumed, so the
 // panel never pans under a drawing tool.
 //
@@ -59,6 +63,8 @@ private:
     MarkSelfDraw *create(int type, MarkRegistry::Kind &kind) const;
     static bool isExpected(int type, MarkSelfDraw *mark);
     static QPointF toPlot(Plot *panel, QPointF pos);
+    double priceSpan(int pixels) const;
+    static void stretchBox(MarkSelfDraw *mark, const QPoint &pos);
     QPointF horizontalAnchor(const QPoint &pos) const;
     QPointF verticalAnchor(const QPoint &pos) const;
     Plot *mainPanel() const;

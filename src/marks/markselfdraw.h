@@ -69,8 +69,9 @@ public:
     // canvas moved or changed size (no scale changed, but the maps did).
     void syncHandles();
     // Older bars were inserted: anchors at or after bar `index` move
-    // `count` bars to the right, so the mark stays on its bars.
-    void shiftBars(double index, double count);
+    // `count` bars to the right, so the mark stays on its bars. Tools whose
+    // anchors are coupled restore the coupling afterwards.
+    virtual void shiftBars(double index, double count);
 
     bool isSelected() const { return selected; }
     bool isHovered() const { return hovered; }

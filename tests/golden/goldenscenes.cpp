@@ -73,6 +73,61 @@ void tickLine(H &h, int decimals)
     h.chart().DrawTickLine(last, 0);
 }
 
+// The drawing tools' cursor types.
+enum Tool : long {
+    TimeZones = 4, Retracement = 5, Channel = 7, Pitchfork = 8, Rectangle = 10,
+    Ellipse = 22, Triangle = 23, Fan = 25, Expansion = 26, TrendLine = 2,
+    HorizontalLine = 28, VerticalLine = 29, Ray = 30
+};
+
+// A press on empty canvas: the mark just drawn is no longer selected.
+void deselect(H &h, QPoint empty = QPoint(720, 295))
+{
+    h.click(empty);
+    h.hover(empty); // the pointer rests there: nothing stays highlighted
+}
+
+// One mark drawn by a trader on the S&P 500 candles of spring 2020 (the
+// crash from the February high to the March low, and the recovery).
+void drawn(H &h, long tool, QPoint from, QPoint to)
+{
+    h.feedDataSet(H::Sp500Daily);
+    h.draw(tool, from, to);
+}
+
+// The expansion as a trader sets it up: the move, then handle 2 (on top of
+// handle 1 after the drag) taken to where the pullback ended.
+void expansion(H &h, QPoint a, QPoint b, QPoint c)
+{
+    h.draw(Expansion, a, b);
+    h.drag(b, c);
+}
+
+// Every tool at once, as the demo's menu draws them: a wide chart with a
+// year of history, the channel on the uptrend, the retracement and the fan
+// on the crash, the shapes in the room under the candles. No press lands
+// on a mark drawn before.
+void everyTool(H &h)
+{
+    h.feedDataSet(H::Sp500Daily);
+    h.chart().ZoomOut(1);
+    h.draw(VerticalLine, QPoint(1162, 300), QPoint(1162, 300));
+    h.draw(HorizontalLine, QPoint(500, 40), QPoint(500, 40));
+    h.draw(TrendLine, QPoint(150, 158), QPoint(232, 215));
+    h.draw(Channel, QPoint(20, 232), QPoint(880, 80));
+    h.drag(QPoint(450, 211), QPoint(450, 100)); // the parallel line above the candles
+    h.draw(Ray, QPoint(1000, 60), QPoint(1060, 190));
+    h.draw(Retracement, QPoint(978, 6), QPoint(1162, 492));
+    h.draw(Fan, QPoint(1178, 470), QPoint(1300, 280));
+    h.draw(Pitchfork, QPoint(20, 280), QPoint(160, 400));
+    h.draw(Rectangle, QPoint(420, 300), QPoint(540, 380));
+    h.draw(Ellipse, QPoint(580, 300), QPoint(720, 380));
+    h.draw(Triangle, QPoint(760, 300), QPoint(820, 420));
+    h.draw(TimeZones, QPoint(430, 420), QPoint(560, 470));
+    expansion(h, QPoint(870, 470), QPoint(930, 330), QPoint(950, 400));
+    deselect(h, QPoint(1320, 495));
+}
+
 void repeat(int times, const std::function<void()> &call)
 {
     for (int i = 0; i < times; ++i)
@@ -183,6 +238,82 @@ QVector<GoldenScene> makeScenes()
              orderLines(h);
              tickLine(h, 2);
          }},
+
+        // Drawing tools, each drawn by a trader's drag on the candles.
+        {"drawn_trend_line", Normal, [](H &h) {
+             drawn(h, TrendLine, QPoint(415, 300), QPoint(690, 160));
+             deselect(h);
+         }},
+        {"drawn_ray", Normal, [](H &h) {
+             drawn(h, Ray, QPoint(360, 270), QPoint(470, 215));
+             deselect(h);
+         }},
+        {"drawn_horizontal_line", Normal, [](H &h) {
+             drawn(h, HorizontalLine, QPoint(300, 150), QPoint(500, 152));
+             deselect(h);
+         }},
+        {"drawn_vertical_line", Normal, [](H &h) {
+             drawn(h, VerticalLine, QPoint(415, 200), QPoint(415, 100));
+             deselect(h);
+         }},
+        {"drawn_rectangle", Normal, [](H &h) {
+             drawn(h, Rectangle, QPoint(240, 120), QPoint(150, 60));
+             deselect(h);
+         }},
+        {"drawn_ellipse", Normal, [](H &h) {
+             drawn(h, Ellipse, QPoint(330, 225), QPoint(470, 305));
+             deselect(h);
+         }},
+        {"drawn_triangle", Normal, [](H &h) {
+             drawn(h, Triangle, QPoint(160, 80), QPoint(250, 170));
+             deselect(h);
+         }},
+        {"drawn_fibonacci_retracement", Normal, [](H &h) {
+             drawn(h, Retracement, QPoint(95, 40), QPoint(415, 300));
+             deselect(h);
+         }},
+        {"drawn_fibonacci_retracement_low_to_high", Normal, [](H &h) {
+             drawn(h, Retracement, QPoint(415, 300), QPoint(120, 45));
+             deselect(h);
+         }},
+        {"drawn_fibonacci_time_zones", Normal, [](H &h) {
+             drawn(h, TimeZones, QPoint(60, 30), QPoint(300, 250));
+             deselect(h);
+         }},
+        {"drawn_fibonacci_fan", Normal, [](H &h) {
+             drawn(h, Fan, QPoint(415, 300), QPoint(690, 150));
+             deselect(h);
+         }},
+        {"drawn_fibonacci_expansion", Normal, [](H &h) {
+             h.feedDataSet(H::Sp500Daily);
+             expansion(h, QPoint(415, 300), QPoint(600, 150), QPoint(640, 220));
+             deselect(h);
+         }},
+        {"drawn_pitchfork", Normal, [](H &h) {
+             drawn(h, Pitchfork, QPoint(100, 60), QPoint(330, 160));
+             deselect(h);
+         }},
+        {"drawn_price_channel", Normal, [](H &h) {
+             drawn(h, Channel, QPoint(440, 245), QPoint(700, 135));
+             deselect(h);
+         }},
+        // Just drawn: selected, its handles shown.
+        {"pitchfork_selected_with_handles", Normal,
+         [](H &h) { drawn(h, Pitchfork, QPoint(100, 60), QPoint(330, 160)); }},
+        {"rectangle_selected_with_grips", Normal,
+         [](H &h) { drawn(h, Rectangle, QPoint(150, 60), QPoint(240, 120)); }},
+        // The pointer over a mark: its highlight.
+        {"trend_line_hovered", Normal, [](H &h) {
+             drawn(h, TrendLine, QPoint(415, 300), QPoint(690, 160));
+             deselect(h);
+             h.hover(QPoint(552, 230));
+         }},
+        {"ellipse_hovered", Normal, [](H &h) {
+             drawn(h, Ellipse, QPoint(330, 225), QPoint(470, 305));
+             deselect(h);
+             h.hover(QPoint(449, 237));
+         }},
+        {"every_drawing_tool", QSize(1400, 800), everyTool},
 
         // Pointer modes.
         {"crosshair_cursor_over_the_candles", Normal, [](H &h) {

@@ -249,19 +249,31 @@ void SceneHost::hover(QPoint pos)
 
 void SceneHost::click(QPoint pos)
 {
+    drag(pos, pos);
+}
+
+void SceneHost::drag(QPoint from, QPoint to)
+{
     render();
-    QWidget *target = m_chart->childAt(pos);
+    QWidget *target = m_chart->childAt(from);
     if (!target)
         target = m_chart.get();
-    const QPoint local = target->mapFrom(m_chart.get(), pos);
-    const QPoint global = target->mapToGlobal(local);
-    QMouseEvent press(QEvent::MouseButtonPress, local, global, Qt::LeftButton, Qt::LeftButton,
-                      Qt::NoModifier);
-    QApplication::sendEvent(target, &press);
-    QMouseEvent release(QEvent::MouseButtonRelease, local, global, Qt::LeftButton, Qt::NoButton,
-                        Qt::NoModifier);
-    QApplication::sendEvent(target, &release);
+    auto send = [&](QEvent::Type type, QPoint pos, Qt::MouseButton button, Qt::MouseButtons held) {
+        const QPoint local = target->mapFrom(m_chart.get(), pos);
+        QMouseEvent event(type, local, target->mapToGlobal(local), button, held, Qt::NoModifier);
+        QApplication::sendEvent(target, &event);
+    };
+    send(QEvent::MouseButtonPress, from, Qt::LeftButton, Qt::LeftButton);
+    for (int step = 1; from != to && step <= 4; ++step)
+        send(QEvent::MouseMove, from + (to - from) * step / 4, Qt::NoButton, Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, to, Qt::LeftButton, Qt::NoButton);
     settle();
+}
+
+void SceneHost::draw(long type, QPoint from, QPoint to)
+{
+    m_chart->SetCursorType(type);
+    drag(from, to);
 }
 
 QPoint SceneHost::centreOf(const QString &objectName, int index)

@@ -72,6 +72,12 @@ public:
     void hover(QPoint pos);
     // Presses and releases the left button at `pos` (chart coordinates).
     void click(QPoint pos);
+    // Presses the left button at `from`, moves to `to` in four steps with
+    // the button held and releases it there (chart coordinates): the
+    // widget under `from` gets every event, as under a mouse grab.
+    void drag(QPoint from, QPoint to);
+    // Chooses drawing tool `type` and draws it with a drag.
+    void draw(long type, QPoint from, QPoint to);
     // The centre of the `index`-th visible child named `objectName`, top to
     // bottom (a host styles these names), in chart coordinates.
     QPoint centreOf(const QString &objectName, int index);
